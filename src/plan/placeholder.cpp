@@ -1,0 +1,2 @@
+// Placeholder: no sources yet.
+namespace alm {}
