@@ -621,7 +621,7 @@ struct SJ_RECTYPE {
     std::int32_t sj_cpu_time;
     std::int32_t sj_job_number;
     SJ_SUBDEP subdep;
-    std::int16_t sj_filler1[21];
+    std::int16_t sj_filler1[22];  // 44 bytes to the end: no implicit tail padding
 };
 
 struct SJ_RECTYPE_V1 {
@@ -1248,6 +1248,7 @@ static_assert(offsetof(SJ_RECTYPE, sj_cpu_time) == 260);
 static_assert(offsetof(SJ_RECTYPE, sj_job_number) == 264);
 static_assert(offsetof(SJ_RECTYPE, subdep) == 268);
 static_assert(offsetof(SJ_RECTYPE, sj_filler1) == 468);
+static_assert(sizeof(SJ_RECTYPE::sj_filler1) == 44);
 static_assert(sizeof(SJ_RECTYPE) == 512);
 static_assert(offsetof(SJ_RECTYPE_V1, alm_rec_type) == 0);
 static_assert(offsetof(SJ_RECTYPE_V1, sj_cpu_id) == 2);
