@@ -1,0 +1,103 @@
+#include "service/write.h"
+
+#include <cstring>
+
+#include "util/endian.h"
+
+namespace alm {
+
+namespace {
+
+std::FILE* replyStream = nullptr;
+
+std::FILE* out() { return replyStream ? replyStream : stdout; }
+
+constexpr std::size_t REPLY_BUFFER_BYTES = 1u << 20;
+
+void writeWord(std::uint32_t value) {
+    unsigned char word[4];
+    store_be32(word, value);
+    std::fwrite(word, 1, sizeof word, out());
+}
+
+void writeHeaderWords(std::uint32_t size, std::uint32_t type, std::uint32_t id,
+                      std::uint32_t numData, std::uint32_t bytesPer, std::uint32_t dataType) {
+    writeWord(size);
+    writeWord(type);
+    writeWord(id);
+    writeWord(numData);
+    writeWord(bytesPer);
+    writeWord(dataType);
+}
+
+void writeZeros(std::uint32_t count) {
+    static const unsigned char zeros[512] = {};
+    while (count) {
+        const std::uint32_t chunk = count < sizeof zeros ? count : sizeof zeros;
+        std::fwrite(zeros, 1, chunk, out());
+        count -= chunk;
+    }
+}
+
+}  // namespace
+
+std::FILE* readerSetOutput(std::FILE* stream) {
+    std::FILE* previous = replyStream;
+    replyStream = stream;
+    return previous;
+}
+
+void readerInitOutput() { std::setvbuf(stdout, nullptr, _IOFBF, REPLY_BUFFER_BYTES); }
+
+void readerWrite(const Request& reply) {
+    // Sizes wrap in 32 bits, as the size word does.
+    std::uint32_t size = REQUEST_HEADER_AFTER_SIZE;
+    if (reply.dataType != 0) {
+        size += reply.numData * reply.bytesPerRecord;
+    } else if (reply.dataList) {
+        sllIterator it;
+        sllStartIterator(reply.dataList, it);
+        while (sllNextIterator(it)) {
+            const auto* item = static_cast<const char*>(sllGetIteratorValue(it));
+            size += static_cast<std::uint32_t>((item ? std::strlen(item) : 0) + 1);
+        }
+    }
+
+    writeHeaderWords(size, reply.type, reply.id, reply.numData, reply.bytesPerRecord,
+                     reply.dataType);
+
+    if (reply.dataList) {
+        sllIterator it;
+        sllStartIterator(reply.dataList, it);
+        while (sllNextIterator(it)) {
+            const void* item = sllGetIteratorValue(it);
+            if (reply.dataType != 0) {
+                if (item)
+                    std::fwrite(item, 1, reply.bytesPerRecord, out());
+                else
+                    writeZeros(reply.bytesPerRecord);  // keeps the frame whole
+            } else if (item) {
+                const auto* text = static_cast<const char*>(item);
+                std::fwrite(text, 1, std::strlen(text) + 1, out());
+            } else {
+                std::fputc('\0', out());
+            }
+        }
+    }
+    std::fflush(out());
+}
+
+void readerWriteHeader(int type, int id, int numData, int bytesPer) {
+    const auto count = static_cast<std::uint32_t>(numData);
+    const auto per = static_cast<std::uint32_t>(bytesPer);
+    writeHeaderWords(REQUEST_HEADER_AFTER_SIZE + count * per, static_cast<std::uint32_t>(type),
+                     static_cast<std::uint32_t>(id), count, per, 1);
+}
+
+void readerWriteBlock(const void* data, std::size_t length) {
+    if (length) std::fwrite(data, 1, length, out());
+}
+
+void readerWriteTrailer() { std::fflush(out()); }
+
+}  // namespace alm
