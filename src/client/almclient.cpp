@@ -1,0 +1,418 @@
+#include "client/almclient.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+
+#include "util/endian.h"
+
+extern char** environ;
+
+namespace alm {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class Deadline {
+public:
+    explicit Deadline(int timeoutMs)
+        : infinite_(timeoutMs < 0), end_(Clock::now() + std::chrono::milliseconds(timeoutMs)) {}
+    bool infinite() const { return infinite_; }
+    // Milliseconds left for poll(): -1 forever, 0 when passed.
+    int left() const {
+        if (infinite_) return -1;
+        const auto ms = std::chrono::ceil<std::chrono::milliseconds>(end_ - Clock::now()).count();
+        return ms > 0 ? static_cast<int>(ms) : 0;
+    }
+    bool passed() const { return !infinite_ && Clock::now() >= end_; }
+
+private:
+    bool infinite_;
+    Clock::time_point end_;
+};
+
+// -1 error (errno set), 0 timeout, 1 readable or hung up.
+int pollIn(int fd, const Deadline& deadline) {
+    for (;;) {
+        pollfd p{fd, POLLIN, 0};
+        const int rc = ::poll(&p, 1, deadline.left());
+        if (rc < 0 && errno == EINTR) continue;
+        return rc < 0 ? -1 : (rc == 0 ? 0 : 1);
+    }
+}
+
+// Writes with SIGPIPE held back, so a vanished server shows up as EPIPE.
+int writeAllNoSigpipe(int fd, const char* data, std::size_t length) {
+    sigset_t pipeSet;
+    sigset_t oldMask;
+    sigemptyset(&pipeSet);
+    sigaddset(&pipeSet, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipeSet, &oldMask);
+    sigset_t pending;
+    sigpending(&pending);
+    const bool wasPending = sigismember(&pending, SIGPIPE) == 1;
+
+    int err = 0;
+    while (length > 0) {
+        const ssize_t n = ::write(fd, data, length);
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            err = errno;
+            break;
+        }
+        data += n;
+        length -= static_cast<std::size_t>(n);
+    }
+    if (err == EPIPE && !wasPending) {
+        const timespec zero{};
+        while (sigtimedwait(&pipeSet, nullptr, &zero) < 0 && errno == EINTR) {
+        }
+    }
+    pthread_sigmask(SIG_SETMASK, &oldMask, nullptr);
+    return err;
+}
+
+std::string envName(const std::string& entry) { return entry.substr(0, entry.find('=')); }
+
+}  // namespace
+
+const char* clientStatusName(ClientStatus status) {
+    switch (status) {
+    case ClientStatus::Ok: return "Ok";
+    case ClientStatus::Eof: return "Eof";
+    case ClientStatus::Timeout: return "Timeout";
+    case ClientStatus::IoError: return "IoError";
+    case ClientStatus::BadGreeting: return "BadGreeting";
+    case ClientStatus::BadFrame: return "BadFrame";
+    case ClientStatus::NotRunning: return "NotRunning";
+    case ClientStatus::SpawnFailed: return "SpawnFailed";
+    }
+    return "?";
+}
+
+std::string encodeHeader(const FrameHeader& h) {
+    unsigned char bytes[ALM_FRAME_HEADER_BYTES];
+    const std::uint32_t words[6] = {h.size, h.type, h.id, h.numData, h.bytesPerRecord, h.dataType};
+    for (int i = 0; i < 6; ++i) store_be32(bytes + 4 * i, words[i]);
+    return std::string(reinterpret_cast<const char*>(bytes), sizeof bytes);
+}
+
+FrameHeader decodeHeader(const unsigned char* b) {
+    FrameHeader h;
+    h.size = load_be32(b);
+    h.type = load_be32(b + 4);
+    h.id = load_be32(b + 8);
+    h.numData = load_be32(b + 12);
+    h.bytesPerRecord = load_be32(b + 16);
+    h.dataType = load_be32(b + 20);
+    return h;
+}
+
+std::string encodeRequest(std::uint32_t type, std::uint32_t id,
+                          const std::vector<std::string>& args) {
+    std::string area;
+    for (const std::string& arg : args) {
+        area += arg;
+        area.push_back('\0');
+    }
+    FrameHeader h;
+    h.size = static_cast<std::uint32_t>(20 + area.size());
+    h.type = type;
+    h.id = id;
+    h.numData = static_cast<std::uint32_t>(args.size());
+    return encodeHeader(h) + area;
+}
+
+std::vector<std::string> Reply::strings() const {
+    std::vector<std::string> out;
+    const auto* text = reinterpret_cast<const char*>(body_.get());
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < bodySize_; ++i) {
+        if (text[i] == '\0') {
+            out.emplace_back(text + start, i - start);
+            start = i + 1;
+        }
+    }
+    if (start < bodySize_) out.emplace_back(text + start, bodySize_ - start);
+    return out;
+}
+
+std::size_t Reply::recordCount() const {
+    return header.bytesPerRecord ? bodySize_ / header.bytesPerRecord : 0;
+}
+
+const unsigned char* Reply::record(std::size_t i) const {
+    if (i >= recordCount()) return nullptr;
+    return body_.get() + i * header.bytesPerRecord;
+}
+
+AlmClient::~AlmClient() {
+    closeFd(toServer_);
+    closeFd(fromServer_);
+    closeFd(errFromServer_);
+    if (pid_ > 0) {
+        ::kill(pid_, SIGKILL);
+        int status = 0;
+        while (::waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+        }
+    }
+}
+
+void AlmClient::closeFd(int& fd) {
+    if (fd >= 0) ::close(fd);
+    fd = -1;
+}
+
+ClientStatus AlmClient::fail(int err) {
+    errno_ = err;
+    return ClientStatus::IoError;
+}
+
+ClientStatus AlmClient::start(const std::string& program, const std::vector<std::string>& argv,
+                              const SpawnOptions& options) {
+    if (pid_ > 0 || toServer_ >= 0 || fromServer_ >= 0) {
+        errno_ = EBUSY;
+        return ClientStatus::SpawnFailed;
+    }
+
+    // Everything the child needs is built before fork: it only calls
+    // async-signal-safe functions.
+    std::vector<std::string> args = argv.empty() ? std::vector<std::string>{program} : argv;
+    std::vector<char*> cargv;
+    for (std::string& a : args) cargv.push_back(a.data());
+    cargv.push_back(nullptr);
+
+    std::vector<std::string> env;
+    for (char** e = environ; e && *e; ++e) {
+        const std::string entry(*e);
+        const std::string name = envName(entry);
+        bool drop = false;
+        for (const std::string& u : options.unsetEnv) drop = drop || u == name;
+        for (const std::string& x : options.extraEnv) drop = drop || envName(x) == name;
+        if (!drop) env.push_back(entry);
+    }
+    for (const std::string& x : options.extraEnv) env.push_back(x);
+    std::vector<char*> cenv;
+    for (std::string& e : env) cenv.push_back(e.data());
+    cenv.push_back(nullptr);
+
+    int in[2] = {-1, -1};
+    int out[2] = {-1, -1};
+    int err[2] = {-1, -1};
+    int report[2] = {-1, -1};
+    auto closeAll = [&] {
+        for (int* p : {in, out, err, report})
+            for (int i = 0; i < 2; ++i) closeFd(p[i]);
+    };
+    const bool pipeStdin = options.stdinFd < 0;
+    if ((pipeStdin && ::pipe2(in, O_CLOEXEC) != 0) || ::pipe2(out, O_CLOEXEC) != 0 ||
+        (options.captureStderr && ::pipe2(err, O_CLOEXEC) != 0) ||
+        ::pipe2(report, O_CLOEXEC) != 0) {
+        errno_ = errno;
+        closeAll();
+        return ClientStatus::SpawnFailed;
+    }
+#ifdef F_SETPIPE_SZ
+    // A larger pipe lets big replies stream with fewer wake-ups; best effort.
+    ::fcntl(out[0], F_SETPIPE_SZ, 1 << 20);
+#endif
+
+    const pid_t child = ::fork();
+    if (child < 0) {
+        errno_ = errno;
+        closeAll();
+        return ClientStatus::SpawnFailed;
+    }
+    if (child == 0) {
+        auto place = [](int from, int to) {
+            if (from == to) return ::fcntl(to, F_SETFD, 0) == 0;
+            return ::dup2(from, to) == to;
+        };
+        bool ok = place(pipeStdin ? in[0] : options.stdinFd, 0) && place(out[1], 1) &&
+                  (!options.captureStderr || place(err[1], 2));
+        if (ok) {
+            struct sigaction dfl {};
+            dfl.sa_handler = SIG_DFL;
+            sigaction(SIGPIPE, &dfl, nullptr);
+            sigset_t none;
+            sigemptyset(&none);
+            sigprocmask(SIG_SETMASK, &none, nullptr);
+            ok = options.workDir.empty() || ::chdir(options.workDir.c_str()) == 0;
+        }
+        if (ok) ::execve(program.c_str(), cargv.data(), cenv.data());
+        const int e = errno;
+        [[maybe_unused]] ssize_t n = ::write(report[1], &e, sizeof e);
+        ::_exit(127);
+    }
+
+    closeFd(in[0]);
+    closeFd(out[1]);
+    closeFd(err[1]);
+    closeFd(report[1]);
+    int childErrno = 0;
+    ssize_t n;
+    do {
+        n = ::read(report[0], &childErrno, sizeof childErrno);
+    } while (n < 0 && errno == EINTR);
+    closeFd(report[0]);
+    if (n > 0) {
+        int status = 0;
+        while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        }
+        errno_ = childErrno;
+        closeAll();
+        return ClientStatus::SpawnFailed;
+    }
+    pid_ = child;
+    toServer_ = in[1];
+    fromServer_ = out[0];
+    errFromServer_ = err[0];
+    return ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::readGreeting(int timeoutMs) {
+    char greeting[ALM_GREETING_BYTES];
+    const ClientStatus st = readExact(greeting, sizeof greeting, timeoutMs);
+    if (st != ClientStatus::Ok) return st;
+    if (std::memcmp(greeting, ALM_GREETING, sizeof greeting) != 0) return ClientStatus::BadGreeting;
+    return ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::send(std::uint32_t type, std::uint32_t id,
+                             const std::vector<std::string>& args) {
+    return sendRaw(encodeRequest(type, id, args));
+}
+
+ClientStatus AlmClient::sendRaw(std::string_view bytes) {
+    if (toServer_ < 0) return ClientStatus::NotRunning;
+    const int e = writeAllNoSigpipe(toServer_, bytes.data(), bytes.size());
+    return e ? fail(e) : ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::closeInput() {
+    if (toServer_ < 0) return ClientStatus::NotRunning;
+    closeFd(toServer_);
+    return ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::readExact(void* buffer, std::size_t length, int timeoutMs,
+                                  std::size_t* got) {
+    std::size_t done = 0;
+    auto finish = [&](ClientStatus st) {
+        if (got) *got = done;
+        return st;
+    };
+    if (fromServer_ < 0) return finish(ClientStatus::NotRunning);
+    const Deadline deadline(timeoutMs);
+    auto* dst = static_cast<unsigned char*>(buffer);
+    while (done < length) {
+        if (!deadline.infinite()) {
+            const int ready = pollIn(fromServer_, deadline);
+            if (ready < 0) return finish(fail(errno));
+            if (ready == 0) return finish(ClientStatus::Timeout);
+        }
+        const ssize_t n = ::read(fromServer_, dst + done, length - done);
+        if (n < 0) {
+            if (errno == EINTR || errno == EAGAIN) continue;
+            return finish(fail(errno));
+        }
+        if (n == 0) return finish(ClientStatus::Eof);
+        done += static_cast<std::size_t>(n);
+    }
+    return finish(ClientStatus::Ok);
+}
+
+ClientStatus AlmClient::readHeader(FrameHeader& header, int timeoutMs) {
+    unsigned char bytes[ALM_FRAME_HEADER_BYTES];
+    const ClientStatus st = readExact(bytes, sizeof bytes, timeoutMs);
+    if (st != ClientStatus::Ok) return st;
+    header = decodeHeader(bytes);
+    return ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::readReply(Reply& reply, int timeoutMs) {
+    const Deadline deadline(timeoutMs);
+    reply.body_.reset();
+    reply.bodySize_ = 0;
+    ClientStatus st = readHeader(reply.header, timeoutMs);
+    if (st != ClientStatus::Ok) return st;
+    if (reply.header.size < 20) return ClientStatus::BadFrame;
+    const std::size_t length = reply.header.size - 20;
+    if (length > maxBodyBytes_) return ClientStatus::BadFrame;
+    if (length == 0) return ClientStatus::Ok;
+    reply.body_ = std::make_unique_for_overwrite<unsigned char[]>(length);
+    st = readExact(reply.body_.get(), length, deadline.infinite() ? -1 : deadline.left(),
+                   &reply.bodySize_);
+    return st;
+}
+
+ClientStatus AlmClient::readFd(int fd, std::string& out, int timeoutMs) {
+    out.clear();
+    if (fd < 0) return ClientStatus::NotRunning;
+    const Deadline deadline(timeoutMs);
+    char chunk[65536];
+    for (;;) {
+        if (!deadline.infinite()) {
+            const int ready = pollIn(fd, deadline);
+            if (ready < 0) return fail(errno);
+            if (ready == 0) return ClientStatus::Timeout;
+        }
+        const ssize_t n = ::read(fd, chunk, sizeof chunk);
+        if (n < 0) {
+            if (errno == EINTR || errno == EAGAIN) continue;
+            return fail(errno);
+        }
+        if (n == 0) return ClientStatus::Ok;
+        out.append(chunk, static_cast<std::size_t>(n));
+    }
+}
+
+ClientStatus AlmClient::readAll(std::string& out, int timeoutMs) {
+    return readFd(fromServer_, out, timeoutMs);
+}
+
+ClientStatus AlmClient::readStderr(std::string& out, int timeoutMs) {
+    return readFd(errFromServer_, out, timeoutMs);
+}
+
+ClientStatus AlmClient::waitReadable(int timeoutMs) {
+    if (fromServer_ < 0) return ClientStatus::NotRunning;
+    const int ready = pollIn(fromServer_, Deadline(timeoutMs));
+    if (ready < 0) return fail(errno);
+    return ready ? ClientStatus::Ok : ClientStatus::Timeout;
+}
+
+ClientStatus AlmClient::waitExit(int& exitCode, int timeoutMs) {
+    if (pid_ <= 0) return ClientStatus::NotRunning;
+    const Deadline deadline(timeoutMs);
+    int status = 0;
+    for (;;) {
+        const pid_t r = ::waitpid(pid_, &status, deadline.infinite() ? 0 : WNOHANG);
+        if (r == pid_) break;
+        if (r < 0) {
+            if (errno == EINTR) continue;
+            return fail(errno);
+        }
+        if (deadline.passed()) return ClientStatus::Timeout;
+        const timespec pause{0, 2'000'000};
+        ::nanosleep(&pause, nullptr);
+    }
+    pid_ = -1;
+    exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    return ClientStatus::Ok;
+}
+
+ClientStatus AlmClient::kill(int signal) {
+    if (pid_ <= 0) return ClientStatus::NotRunning;
+    return ::kill(pid_, signal) == 0 ? ClientStatus::Ok : fail(errno);
+}
+
+}  // namespace alm

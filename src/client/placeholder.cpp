@@ -1,2 +1,0 @@
-// Placeholder: no sources yet.
-namespace alm {}
