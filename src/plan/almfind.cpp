@@ -1,0 +1,296 @@
+#include "plan/almfind.h"
+
+#include <cstring>
+
+#include "util/patmatch.h"
+
+namespace alm {
+
+namespace {
+
+struct NameWidths {
+    int cpu;
+    int sched;
+    int job;
+};
+constexpr NameWidths WIDTHS_V1{8, 8, 8};
+constexpr NameWidths WIDTHS_V2{16, 16, 40};
+
+NameWidths widths(const alm_comarea* ca) { return ca->sh_rec->sh_alm_version != 0 ? WIDTHS_V2 : WIDTHS_V1; }
+
+bool is_space(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+struct Pattern {
+    const char* text;
+    int len;
+};
+
+// Up to the field width or a NUL, without trailing white space.
+Pattern prepare(const char* name, int width) {
+    if (name == nullptr) return {nullptr, 0};
+    int n = 0;
+    while (n < width && name[n] != '\0') ++n;
+    while (n > 0 && is_space(static_cast<unsigned char>(name[n - 1]))) --n;
+    return {name, n};
+}
+
+bool matches(const alm_comarea* ca, const char* field, int width, const Pattern& p) {
+    alm_match_fn fn = ca->match != nullptr ? ca->match : c_patternmatch;
+    return fn(field, p.text, width, p.len) != 0;
+}
+
+// Only the session's wildcards make a workstation name a pattern for the
+// early stop; "$", "#", "^" and "~" still match as patterns but do not count.
+bool holds_wildcard(const alm_comarea* ca, const Pattern& p) {
+    const char* w = ca->wildcards != nullptr ? ca->wildcards : "";
+    for (int i = 0; i < p.len; ++i)
+        if (p.text[i] != '\0' && std::strchr(w, p.text[i]) != nullptr) return true;
+    return false;
+}
+
+// Record 0 is the header and never in a chain: a link to it ends the chain
+// (otherwise a cursor of 0 would restart the walk).
+std::uint32_t link(std::uint32_t recnum) { return recnum == 0 ? NULL_REC : recnum; }
+
+void begin_walk(alm_walk& w, std::uint32_t start) {
+    if (start == 0 || start != w.cursor_out) w.steps = 0;
+}
+
+// One more record on this walk, or false when the walk has used up as many
+// steps as the file has records (measured again before giving up, since
+// the file may have grown).
+bool take_step(alm_comarea* ca, alm_walk& w) {
+    if (w.steps >= ca->num_recs) {
+        if (ca->exclusive || alm_measure(ca) < 0 || w.steps >= ca->num_recs) return false;
+    }
+    ++w.steps;
+    return true;
+}
+
+void not_found(alm_comarea* ca, std::int16_t expected) {
+    ca->err_type = ALM_E_NOTFOUND;
+    ca->err_num = 0;
+    ca->expected_type = expected;
+    ca->found_type = 0;
+}
+
+// From the header; NULL_REC after a failed read.
+bool first_of_chain(alm_comarea* ca, std::uint32_t SH_RECTYPE::*head, std::uint32_t& start) {
+    SH_RECTYPE hdr;
+    if (alm_read_header(ca, &hdr) < 0) return false;
+    start = link(hdr.*head);
+    return true;
+}
+
+enum class WalkEnd { Found, End, Stopped, ReadFailed };
+
+struct SchedQuery {
+    Pattern cpu;
+    Pattern sched;
+    bool cpu_is_pattern;
+    NameWidths w;
+};
+
+// Walks the schedule chain from rec (inclusive) to the next schedule that
+// matches; *found receives its number, *last the last record read.
+WalkEnd walk_scheds(alm_comarea* ca, alm_walk& walk, const SchedQuery& q, std::uint32_t rec, SS_RECTYPE* ss,
+                    std::uint32_t* found, std::uint32_t* last) {
+    *last = NULL_REC;
+    while (rec != NULL_REC) {
+        if (!take_step(ca, walk)) return WalkEnd::End;
+        if (alm_read_sched(ca, rec, ss) < 0) return WalkEnd::ReadFailed;
+        if (matches(ca, ss->ss_sched_name, q.w.sched, q.sched) && matches(ca, ss->ss_cpu_id, q.w.cpu, q.cpu)) {
+            *found = rec;
+            return WalkEnd::Found;
+        }
+        // The chain is ordered by workstation: past a plain name nothing
+        // further can match.
+        if (!q.cpu_is_pattern && q.cpu.len > 0 &&
+            std::memcmp(ss->ss_cpu_id, q.cpu.text, static_cast<std::size_t>(q.cpu.len)) > 0)
+            return WalkEnd::Stopped;
+        *last = rec;
+        rec = link(ss->ss_next_sch_ptr);
+    }
+    return WalkEnd::End;
+}
+
+std::uint32_t find_cpu(alm_comarea* ca, const char* cpu, std::uint32_t& start, SCI_RECTYPE* sci) {
+    const NameWidths w = widths(ca);
+    const Pattern p = prepare(cpu, w.cpu);
+    if (start == 0) {
+        if (!first_of_chain(ca, &SH_RECTYPE::sh_first_cpu, start)) return NULL_REC;
+        if (start == NULL_REC) {
+            not_found(ca, SCI_CODE);
+            return NULL_REC;
+        }
+    }
+    std::uint32_t rec = start;
+    std::uint32_t last = NULL_REC;
+    while (rec != NULL_REC) {
+        if (!take_step(ca, ca->cpu_walk)) break;
+        if (alm_read_cpu_info(ca, rec, sci) < 0) {
+            start = NULL_REC;
+            return NULL_REC;
+        }
+        if (matches(ca, sci->sci_cpu_id, w.cpu, p)) {
+            start = link(sci->sci_next_cpu_ptr);
+            return rec;
+        }
+        last = rec;
+        rec = link(sci->sci_next_cpu_ptr);
+    }
+    start = NULL_REC;
+    sci->sci_prev_cpu_ptr = last;
+    sci->sci_rec_num = NULL_REC;
+    return NULL_REC;
+}
+
+std::uint32_t find_sched(alm_comarea* ca, const char* cpu, const char* sched, std::uint32_t& start,
+                         SS_RECTYPE* ss) {
+    const NameWidths w = widths(ca);
+    SchedQuery q{prepare(cpu, w.cpu), prepare(sched, w.sched), false, w};
+    q.cpu_is_pattern = holds_wildcard(ca, q.cpu);
+    if (start == 0) {
+        if (!first_of_chain(ca, &SH_RECTYPE::sh_first_sched, start)) return NULL_REC;
+        if (start == NULL_REC) {
+            not_found(ca, SS_CODE);
+            return NULL_REC;
+        }
+    }
+    std::uint32_t found = NULL_REC;
+    std::uint32_t last = NULL_REC;
+    switch (walk_scheds(ca, ca->sched_walk, q, start, ss, &found, &last)) {
+    case WalkEnd::Found:
+        start = link(ss->ss_next_sch_ptr);
+        return found;
+    case WalkEnd::Stopped:
+        return NULL_REC;
+    case WalkEnd::ReadFailed:
+        start = NULL_REC;
+        return NULL_REC;
+    case WalkEnd::End:
+        break;
+    }
+    start = NULL_REC;
+    ss->ss_prev_sch_ptr = last;
+    ss->ss_rec_num = NULL_REC;
+    return NULL_REC;
+}
+
+std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, const char* job, std::uint32_t& start,
+                       SJ_RECTYPE* sj) {
+    const NameWidths w = widths(ca);
+    SchedQuery q{prepare(cpu, w.cpu), prepare(sched, w.sched), false, w};
+    q.cpu_is_pattern = holds_wildcard(ca, q.cpu);
+    const Pattern jp = prepare(job, w.job);
+    alm_walk& walk = ca->job_walk;
+
+    if (start == 0) {
+        if (!first_of_chain(ca, &SH_RECTYPE::sh_first_sched, start)) return NULL_REC;
+        if (start == NULL_REC) {
+            not_found(ca, SS_CODE);
+            return NULL_REC;
+        }
+    }
+    if (start == NULL_REC) {
+        not_found(ca, SJ_CODE);
+        return NULL_REC;
+    }
+
+    // The cursor is either a schedule still to visit or a job inside the
+    // chain of the schedule being visited.
+    ALMRECTYPE rec;
+    if (alm_read(ca, start, &rec) < 0) {
+        start = NULL_REC;
+        return NULL_REC;
+    }
+    std::uint32_t next_sched = start;
+    bool qualifies = false;
+    if (rec.alm_rec_type == SJ_CODE) {
+        SS_RECTYPE ss;
+        if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
+            not_found(ca, SS_CODE);
+            start = NULL_REC;
+            return NULL_REC;
+        }
+        next_sched = link(ss.ss_next_sch_ptr);
+        qualifies = matches(ca, ss.ss_sched_name, w.sched, q.sched) && matches(ca, ss.ss_cpu_id, w.cpu, q.cpu);
+    }
+
+    for (;;) {
+        while (qualifies && start != NULL_REC) {
+            if (!take_step(ca, walk)) {
+                not_found(ca, SJ_CODE);
+                start = NULL_REC;
+                return NULL_REC;
+            }
+            if (alm_read_job(ca, start, sj) < 0) {
+                start = NULL_REC;
+                return NULL_REC;
+            }
+            start = link(sj->sj_next_job_ptr);
+            if (matches(ca, sj->sj_job_name, w.job, jp)) {
+                if (start == NULL_REC) start = next_sched;
+                return sj->sj_rec_num;
+            }
+        }
+        SS_RECTYPE ss;
+        std::uint32_t found = NULL_REC;
+        std::uint32_t last = NULL_REC;
+        WalkEnd end = walk_scheds(ca, walk, q, next_sched, &ss, &found, &last);
+        if (end == WalkEnd::ReadFailed) {
+            start = NULL_REC;
+            return NULL_REC;
+        }
+        if (end != WalkEnd::Found) {
+            not_found(ca, SJ_CODE);
+            start = NULL_REC;
+            return NULL_REC;
+        }
+        start = link(ss.ss_first_job);
+        next_sched = link(ss.ss_next_sch_ptr);
+        qualifies = true;
+    }
+}
+
+}  // namespace
+
+std::uint32_t alm_find_cpu(alm_comarea* alm_ca, const char* cpu, std::uint32_t& start, SCI_RECTYPE* sci_rec) {
+    SCI_RECTYPE scratch;
+    if (sci_rec == nullptr) sci_rec = &scratch;
+    sci_rec->sci_rec_num = NULL_REC;
+    sci_rec->sci_prev_cpu_ptr = NULL_REC;
+    sci_rec->sci_next_cpu_ptr = NULL_REC;
+    if (!alm_valid(alm_ca)) return NULL_REC;
+    begin_walk(alm_ca->cpu_walk, start);
+    std::uint32_t rec = find_cpu(alm_ca, cpu, start, sci_rec);
+    alm_ca->cpu_walk.cursor_out = start;
+    return rec;
+}
+
+std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* sched, std::uint32_t& start,
+                             SS_RECTYPE* ss_rec) {
+    SS_RECTYPE scratch;
+    if (ss_rec == nullptr) ss_rec = &scratch;
+    ss_rec->ss_rec_num = NULL_REC;
+    ss_rec->ss_prev_sch_ptr = NULL_REC;
+    ss_rec->ss_next_sch_ptr = NULL_REC;
+    if (!alm_valid(alm_ca)) return NULL_REC;
+    begin_walk(alm_ca->sched_walk, start);
+    std::uint32_t rec = find_sched(alm_ca, cpu, sched, start, ss_rec);
+    alm_ca->sched_walk.cursor_out = start;
+    return rec;
+}
+
+std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                           std::uint32_t& start, SJ_RECTYPE* sj_rec) {
+    if (!alm_valid(alm_ca)) return NULL_REC;
+    SJ_RECTYPE scratch;
+    if (sj_rec == nullptr) sj_rec = &scratch;
+    begin_walk(alm_ca->job_walk, start);
+    std::uint32_t rec = find_job(alm_ca, cpu, sched, job, start, sj_rec);
+    alm_ca->job_walk.cursor_out = start;
+    return rec;
+}
+
+}  // namespace alm
