@@ -303,6 +303,12 @@ ClientStatus AlmClient::closeInput() {
     return ClientStatus::Ok;
 }
 
+ClientStatus AlmClient::closeOutput() {
+    if (fromServer_ < 0) return ClientStatus::NotRunning;
+    closeFd(fromServer_);
+    return ClientStatus::Ok;
+}
+
 ClientStatus AlmClient::readExact(void* buffer, std::size_t length, int timeoutMs,
                                   std::size_t* got) {
     std::size_t done = 0;

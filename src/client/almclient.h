@@ -102,6 +102,8 @@ public:
     ClientStatus send(std::uint32_t type, std::uint32_t id, const std::vector<std::string>& args);
     ClientStatus sendRaw(std::string_view bytes);
     ClientStatus closeInput();
+    // Stops reading: the server's later writes fail (its replies are lost).
+    ClientStatus closeOutput();
 
     // Reads one whole reply. A header whose size is below 20 or whose body
     // would exceed maxBodyBytes answers BadFrame (header filled, body empty).

@@ -1,0 +1,212 @@
+// The client library against small stand-in servers (sh, cat, head).
+#include "client/almclient.h"
+
+#include <signal.h>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <string>
+#include <vector>
+
+namespace alm {
+namespace {
+
+constexpr int kWaitMs = 20000;
+
+#define ASSERT_OK(expr) ASSERT_EQ(clientStatusName(expr), std::string("Ok"))
+#define EXPECT_STATUS(expr, st) EXPECT_EQ(clientStatusName(expr), std::string(clientStatusName(st)))
+
+// A server made of one shell command line.
+ClientStatus startShell(AlmClient& c, const std::string& script, const SpawnOptions& opts = {}) {
+    return c.start("/bin/sh", {"sh", "-c", script}, opts);
+}
+
+// printf octal escapes for a header (dash's printf has no \x).
+std::string octal(const std::string& bytes) {
+    std::string out;
+    char buf[8];
+    for (unsigned char b : bytes) {
+        std::snprintf(buf, sizeof buf, "\\%03o", b);
+        out += buf;
+    }
+    return out;
+}
+
+int finish(AlmClient& c) {
+    c.closeInput();
+    int code = -1000;
+    EXPECT_STATUS(c.waitExit(code, kWaitMs), ClientStatus::Ok);
+    return code;
+}
+
+TEST(Frames, EncodeAndDecode) {
+    FrameHeader h;
+    h.size = 0x01020304;
+    h.type = 5;
+    h.id = 0xA0B0C0D0;
+    h.numData = 2;
+    h.bytesPerRecord = 512;
+    h.dataType = 1;
+    const std::string bytes = encodeHeader(h);
+    ASSERT_EQ(bytes.size(), 24u);
+    EXPECT_EQ(bytes.substr(0, 12), std::string("\x01\x02\x03\x04\0\0\0\x05\xA0\xB0\xC0\xD0", 12));
+    const FrameHeader back = decodeHeader(reinterpret_cast<const unsigned char*>(bytes.data()));
+    EXPECT_EQ(encodeHeader(back), bytes);
+
+    const std::string req = encodeRequest(6, 7, {"12", "", "job"});
+    EXPECT_EQ(req.size(), 24u + 8u);
+    const FrameHeader rh = decodeHeader(reinterpret_cast<const unsigned char*>(req.data()));
+    EXPECT_EQ(rh.size, 28u);
+    EXPECT_EQ(rh.type, 6u);
+    EXPECT_EQ(rh.id, 7u);
+    EXPECT_EQ(rh.numData, 3u);
+    EXPECT_EQ(rh.bytesPerRecord, 0u);
+    EXPECT_EQ(rh.dataType, 0u);
+    EXPECT_EQ(req.substr(24), std::string("12\0\0job\0", 8));
+}
+
+TEST(Client, EchoedRequestReadsBackAsAFrame) {
+    AlmClient c;
+    ASSERT_OK(c.start("/bin/cat"));
+    ASSERT_OK(c.send(2, 99, {"plans/current", "", "x"}));
+    Reply r;
+    ASSERT_OK(c.readReply(r, kWaitMs));
+    EXPECT_EQ(r.header.id, 99u);
+    EXPECT_EQ(r.header.numData, 3u);
+    EXPECT_EQ(r.strings(), (std::vector<std::string>{"plans/current", "", "x"}));
+    EXPECT_EQ(finish(c), 0);
+}
+
+TEST(Client, RecordsAndPartialBodies) {
+    FrameHeader h;
+    h.size = 20 + 3 * 4;
+    h.numData = 3;
+    h.bytesPerRecord = 4;
+    h.dataType = 1;
+    // Only two and a half records follow before the output ends.
+    AlmClient c;
+    ASSERT_OK(startShell(c, "printf '" + octal(encodeHeader(h)) + "AAAABBBBCC'"));
+    Reply r;
+    EXPECT_STATUS(c.readReply(r, kWaitMs), ClientStatus::Eof);
+    EXPECT_EQ(r.bodySize(), 10u);
+    EXPECT_EQ(r.recordCount(), 2u);
+    ASSERT_NE(r.record(1), nullptr);
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(r.record(1)), 4), "BBBB");
+    EXPECT_EQ(r.record(2), nullptr);
+    EXPECT_EQ(finish(c), 0);
+}
+
+TEST(Client, BadFramesAndGreetings) {
+    {
+        FrameHeader h;
+        h.size = 19;
+        AlmClient c;
+        ASSERT_OK(startShell(c, "printf '" + octal(encodeHeader(h)) + "'"));
+        Reply r;
+        EXPECT_STATUS(c.readReply(r, kWaitMs), ClientStatus::BadFrame);
+        EXPECT_EQ(r.header.size, 19u);
+    }
+    {
+        FrameHeader h;
+        h.size = 20 + 1000;
+        AlmClient c;
+        c.setMaxBodyBytes(999);
+        ASSERT_OK(startShell(c, "printf '" + octal(encodeHeader(h)) + "'"));
+        Reply r;
+        EXPECT_STATUS(c.readReply(r, kWaitMs), ClientStatus::BadFrame);
+    }
+    {
+        AlmClient c;
+        ASSERT_OK(startShell(c, "printf 'AlmRead Livez'"));
+        EXPECT_STATUS(c.readGreeting(kWaitMs), ClientStatus::BadGreeting);
+    }
+    {
+        AlmClient c;
+        ASSERT_OK(startShell(c, "printf 'AlmRead'"));
+        EXPECT_STATUS(c.readGreeting(kWaitMs), ClientStatus::Eof);
+    }
+}
+
+TEST(Client, TimeoutsDoNotHang) {
+    AlmClient c;
+    ASSERT_OK(startShell(c, "printf 'AlmRead Lives'; exec sleep 60"));
+    ASSERT_OK(c.readGreeting(kWaitMs));
+    Reply r;
+    EXPECT_STATUS(c.readReply(r, 50), ClientStatus::Timeout);
+    EXPECT_STATUS(c.waitReadable(50), ClientStatus::Timeout);
+    int code = 0;
+    EXPECT_STATUS(c.waitExit(code, 50), ClientStatus::Timeout);
+    ASSERT_OK(c.kill(SIGTERM));
+    ASSERT_OK(c.waitExit(code, kWaitMs));
+    EXPECT_EQ(code, -SIGTERM);
+    EXPECT_STATUS(c.kill(SIGTERM), ClientStatus::NotRunning);
+}
+
+TEST(Client, SpawnFailures) {
+    AlmClient c;
+    EXPECT_STATUS(c.start("/nonexistent/almread"), ClientStatus::SpawnFailed);
+    EXPECT_EQ(c.lastErrno(), ENOENT);
+    SpawnOptions opts;
+    opts.workDir = "/nonexistent";
+    EXPECT_STATUS(c.start("/bin/true", {}, opts), ClientStatus::SpawnFailed);
+    EXPECT_EQ(c.lastErrno(), ENOENT);
+    EXPECT_FALSE(c.running());
+    ASSERT_OK(c.start("/bin/true"));
+    EXPECT_STATUS(c.start("/bin/true"), ClientStatus::SpawnFailed);
+}
+
+TEST(Client, EnvironmentWorkDirAndStderr) {
+    ::setenv("ALM_CLIENT_TEST_DROP", "dropped", 1);
+    SpawnOptions opts;
+    opts.extraEnv = {"ALM_CLIENT_TEST=one two", "HOME=/elsewhere"};
+    opts.unsetEnv = {"ALM_CLIENT_TEST_DROP"};
+    opts.workDir = "/tmp";
+    opts.captureStderr = true;
+    AlmClient c;
+    ASSERT_OK(startShell(
+        c, "printf '%s|%s|%s|' \"$ALM_CLIENT_TEST\" \"$HOME\" \"${ALM_CLIENT_TEST_DROP-unset}\"; pwd; "
+           "echo oops >&2; exit 3",
+        opts));
+    std::string out, err;
+    ASSERT_OK(c.readAll(out, kWaitMs));
+    ASSERT_OK(c.readStderr(err, kWaitMs));
+    EXPECT_EQ(out, "one two|/elsewhere|unset|/tmp\n");
+    EXPECT_EQ(err, "oops\n");
+    EXPECT_EQ(finish(c), 3);
+    ::unsetenv("ALM_CLIENT_TEST_DROP");
+}
+
+TEST(Client, WritingToAVanishedServerIsAnError) {
+    AlmClient c;
+    ASSERT_OK(c.start("/bin/true"));
+    int code = -1;
+    ASSERT_OK(c.waitExit(code, kWaitMs));
+    // No SIGPIPE reaches the test process.
+    EXPECT_STATUS(c.sendRaw(std::string(1 << 20, 'x')), ClientStatus::IoError);
+    EXPECT_EQ(c.lastErrno(), EPIPE);
+    sigset_t pending;
+    sigpending(&pending);
+    EXPECT_FALSE(sigismember(&pending, SIGPIPE));
+}
+
+TEST(Client, LargeReplyArrivesWhole) {
+    constexpr std::uint32_t kBody = 64u << 20;
+    FrameHeader h;
+    h.size = 20 + kBody;
+    h.numData = kBody / 512;
+    h.bytesPerRecord = 512;
+    h.dataType = 1;
+    AlmClient c;
+    ASSERT_OK(startShell(c, "printf '" + octal(encodeHeader(h)) + "'; head -c " +
+                                std::to_string(kBody) + " /dev/zero | tr '\\0' 'r'"));
+    Reply r;
+    ASSERT_OK(c.readReply(r, 120000));
+    ASSERT_EQ(r.bodySize(), kBody);
+    EXPECT_EQ(r.recordCount(), kBody / 512);
+    EXPECT_EQ(r.record(kBody / 512 - 1)[511], 'r');
+    EXPECT_EQ(finish(c), 0);
+}
+
+}  // namespace
+}  // namespace alm

@@ -1,0 +1,141 @@
+#include "service/write.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "service/frames.h"
+#include "service/nop.h"
+#include "service/version.h"
+
+namespace alm {
+namespace {
+
+using test::header;
+using test::ReplySink;
+
+TEST(ReplyFraming, StringReplies) {
+    char ab[] = "ab";
+    char empty[] = "";
+    char longer[] = "schedlog/M9901010600";
+    struct Case {
+        const char* what;
+        std::vector<char*> items;
+        bool withList;
+        std::string body;
+    };
+    const std::vector<Case> cases = {
+        {"no list", {}, false, ""},
+        {"empty list", {}, true, ""},
+        {"strings and NULs", {ab, longer}, true, std::string("ab\0schedlog/M9901010600\0", 24)},
+        {"absent item reads as empty", {ab, nullptr, empty}, true, std::string("ab\0\0\0", 5)},
+    };
+    for (const Case& tc : cases) {
+        ReplySink sink;
+        auto list = sllCreate();
+        for (char* item : tc.items) sllAddNode(list.get(), item);
+        Request reply;
+        reply.size = 999;  // never taken from the record
+        reply.id = 77;
+        reply.numData = static_cast<std::uint32_t>(tc.items.size());
+        reply.dataList = tc.withList ? list.get() : nullptr;
+        readerWrite(reply);
+        const auto size = static_cast<std::uint32_t>(20 + tc.body.size());
+        EXPECT_EQ(sink.bytes(), header(size, 0, 77, reply.numData) + tc.body) << tc.what;
+    }
+}
+
+TEST(ReplyFraming, RecordRepliesTakeTheirSizeFromTheHeaderFields) {
+    const unsigned char r1[4] = {1, 2, 3, 4};
+    const unsigned char r2[4] = {5, 6, 7, 8};
+    struct Case {
+        const char* what;
+        std::uint32_t numData;
+        std::vector<const unsigned char*> items;
+        std::string body;
+    };
+    const std::vector<Case> cases = {
+        {"two records", 2, {r1, r2}, "\x01\x02\x03\x04\x05\x06\x07\x08"},
+        {"count 0 with an empty list", 0, {}, ""},
+        // The size word follows numData even when the list disagrees.
+        {"count larger than the list", 3, {r1}, "\x01\x02\x03\x04"},
+        {"absent record keeps its room", 1, {nullptr}, std::string(4, '\0')},
+    };
+    for (const Case& tc : cases) {
+        ReplySink sink;
+        auto list = sllCreate();
+        for (const unsigned char* item : tc.items)
+            sllAddNode(list.get(), const_cast<unsigned char*>(item));
+        Request reply;
+        reply.id = 5;
+        reply.numData = tc.numData;
+        reply.bytesPerRecord = 4;
+        reply.dataType = 1;
+        reply.dataList = list.get();
+        readerWrite(reply);
+        EXPECT_EQ(sink.bytes(), header(20 + tc.numData * 4, 0, 5, tc.numData, 4, 1) + tc.body)
+            << tc.what;
+    }
+}
+
+TEST(ReplyFraming, BinaryReplyWithNoRecordsIs24Bytes) {
+    ReplySink sink;
+    auto list = sllCreate();
+    Request reply;
+    reply.id = 1;
+    reply.bytesPerRecord = 512;
+    reply.dataType = 1;
+    reply.dataList = list.get();
+    readerWrite(reply);
+    EXPECT_EQ(sink.bytes().size(), 24u);
+}
+
+TEST(ReplyFraming, StreamedReplies) {
+    ReplySink sink;
+    readerWriteHeader(0, 0x01020304, 3, 512);
+    const std::string block(512, 'r');
+    readerWriteBlock(block.data(), block.size());
+    readerWriteBlock(block.data(), 0);
+    readerWriteTrailer();
+    // The header announces three records; only what was written follows.
+    EXPECT_EQ(sink.bytes(), header(20 + 3 * 512, 0, 0x01020304, 3, 512, 1) + block);
+}
+
+TEST(ReplyFraming, StreamedHeaderSizeWrapsLikeTheWord) {
+    ReplySink sink;
+    readerWriteHeader(0, -1, -1, 512);
+    readerWriteTrailer();
+    EXPECT_EQ(sink.bytes(), header(20u + 0xFFFFFFFFu * 512u, 0, 0xFFFFFFFF, 0xFFFFFFFF, 512, 1));
+}
+
+TEST(ReplyFraming, NopReplyIsTheEmptyReply) {
+    ReplySink sink;
+    Request req;
+    req.type = 0;
+    req.id = 0xCAFEF00D;
+    req.numData = 2;
+    req.bytesPerRecord = 9;
+    req.dataType = 3;
+    readerNOP(req);
+    EXPECT_EQ(sink.bytes(), header(20, 0, 0xCAFEF00D, 0, 0, 0));
+}
+
+TEST(Banner, TwoLinesExactly) {
+    int flags = 0;
+    const char* revision = version(&flags);
+    EXPECT_STREQ(revision, " 1.3 ");
+    EXPECT_EQ(flags, 0x408);
+
+    char* data = nullptr;
+    std::size_t size = 0;
+    std::FILE* out = open_memstream(&data, &size);
+    ASSERT_NE(out, nullptr);
+    printBanner(out, ALMREAD_PROGNAME, revision);
+    std::fclose(out);
+    EXPECT_EQ(std::string(data, size),
+              "KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)\nProgram patch revision: 1.3\n");
+    std::free(data);
+}
+
+}  // namespace
+}  // namespace alm
