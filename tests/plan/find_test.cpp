@@ -1,0 +1,381 @@
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "plan/almaccs.h"
+#include "plan/almfind.h"
+#include "plan_builder.h"
+
+namespace alm {
+namespace {
+
+using test::PlanBuilder;
+using test::Record;
+
+std::string field(const char* f, std::size_t n) {
+    std::string s(f, n);
+    return s.substr(0, s.find_last_not_of(' ') + 1);
+}
+
+class FindTest : public ::testing::Test {
+protected:
+    test::TempDir dir;
+    alm_session session;
+
+    alm_comarea* open_plan(const PlanBuilder& b, const std::string& name = "plan") {
+        std::filesystem::create_directories(std::filesystem::path(dir.path(name)).parent_path());
+        b.write(dir.path(name));
+        return open_path(dir.path(name));
+    }
+    alm_comarea* open_recs(const std::vector<Record>& recs) {
+        PlanBuilder::write(dir.path("plan"), recs);
+        return open_path(dir.path("plan"));
+    }
+    alm_comarea* open_path(const std::string& path) {
+        int status = -1;
+        char errtext[ALM_ERRTEXT_SIZE];
+        session = alm_open_session(path.c_str(), ALM_MODE_READ, &status, errtext);
+        EXPECT_EQ(status, 0) << errtext;
+        return session.get();
+    }
+
+    std::vector<std::string> cpus(const char* pat) {
+        std::vector<std::string> out;
+        SCI_RECTYPE rec{};
+        std::uint32_t cur = 0;
+        for (std::uint32_t n; (n = alm_find_cpu(session.get(), pat, cur, &rec)) != NULL_REC;) {
+            EXPECT_EQ(n, rec.sci_rec_num);
+            out.push_back(field(rec.sci_cpu_id, 16));
+            if (out.size() > 1000) break;
+        }
+        EXPECT_EQ(cur, NULL_REC);
+        return out;
+    }
+    std::vector<std::string> scheds(const char* cpu, const char* sched) {
+        std::vector<std::string> out;
+        SS_RECTYPE rec{};
+        std::uint32_t cur = 0;
+        for (std::uint32_t n; (n = alm_find_sched(session.get(), cpu, sched, cur, &rec)) != NULL_REC;) {
+            EXPECT_EQ(n, rec.ss_rec_num);
+            out.push_back(field(rec.ss_cpu_id, 16) + "#" + field(rec.ss_sched_name, 16));
+            if (out.size() > 1000) break;
+        }
+        return out;
+    }
+    std::vector<std::string> jobs(const char* cpu, const char* sched, const char* job) {
+        std::vector<std::string> out;
+        SJ_RECTYPE rec{};
+        std::uint32_t cur = 0;
+        for (std::uint32_t n; (n = alm_find_job(session.get(), cpu, sched, job, cur, &rec)) != NULL_REC;) {
+            EXPECT_EQ(n, rec.sj_rec_num);
+            out.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
+            if (out.size() > 1000) break;
+        }
+        EXPECT_EQ(cur, NULL_REC);
+        return out;
+    }
+};
+
+using Names = std::vector<std::string>;
+
+// A plan over workstations A, B, C with schedules ordered by workstation.
+PlanBuilder three_workstations(bool v2 = true) {
+    PlanBuilder b(v2);
+    b.cpu("A");                         // 1
+    b.cpu("B");                         // 2
+    b.cpu("C");                         // 3
+    auto a1 = b.sched("A", "DAILY");    // 4
+    b.job(a1, "BACKUP");                // 5
+    b.job(a1, "REPORT");                // 6
+    auto b1 = b.sched("B", "DAILY");    // 7
+    b.job(b1, "BACKUP");                // 8
+    b.job(b1, "CLEAN");                 // 9
+    b.job(b1, "BATCH");                 // 10
+    auto b2 = b.sched("B", "WEEKLY");   // 11
+    b.job(b2, "BILLING");               // 12
+    auto c1 = b.sched("C", "DAILY");    // 13
+    b.job(c1, "BACKUP");                // 14
+    b.sched("C", "EMPTY");              // 15
+    return b;
+}
+
+TEST_F(FindTest, WorkstationsInChainOrder) {
+    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    EXPECT_EQ(cpus("@"), (Names{"A", "B", "C"}));
+    EXPECT_EQ(cpus(""), (Names{"A", "B", "C"}));
+    EXPECT_EQ(cpus("   "), (Names{"A", "B", "C"}));
+    EXPECT_EQ(cpus(nullptr), (Names{"A", "B", "C"}));
+    EXPECT_EQ(cpus("B"), (Names{"B"}));
+    EXPECT_EQ(cpus("B  "), (Names{"B"}));
+    EXPECT_EQ(cpus("?"), (Names{"A", "B", "C"}));
+    EXPECT_EQ(cpus("X@"), Names{});
+}
+
+TEST_F(FindTest, WorkstationCursorAndChainEnd) {
+    alm_comarea* ca = open_plan(three_workstations());
+    ASSERT_NE(ca, nullptr);
+    SCI_RECTYPE rec{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_cpu(ca, "B", cur, &rec), 2u);
+    EXPECT_EQ(cur, 3u);  // resumes after the match
+    EXPECT_EQ(alm_find_cpu(ca, "B", cur, &rec), NULL_REC);
+    EXPECT_EQ(cur, NULL_REC);
+    EXPECT_EQ(rec.sci_prev_cpu_ptr, 3u);  // the last record read
+    EXPECT_EQ(rec.sci_rec_num, NULL_REC);
+    EXPECT_EQ(ca->err_type, 0);  // the end is no error
+
+    // Finished cursor: nothing read, buffer links reset.
+    rec.sci_next_cpu_ptr = 7;
+    EXPECT_EQ(alm_find_cpu(ca, "@", cur, &rec), NULL_REC);
+    EXPECT_EQ(rec.sci_next_cpu_ptr, NULL_REC);
+    EXPECT_EQ(rec.sci_prev_cpu_ptr, NULL_REC);
+
+    // A cursor somewhere in the chain starts there.
+    cur = 2;
+    EXPECT_EQ(alm_find_cpu(ca, "@", cur, &rec), 2u);
+}
+
+TEST_F(FindTest, EmptyChainsRecordError36WithTheKind) {
+    PlanBuilder b;
+    b.prompt("P");
+    alm_comarea* ca = open_plan(b);
+    ASSERT_NE(ca, nullptr);
+
+    SCI_RECTYPE cpu{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_cpu(ca, "@", cur, &cpu), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_NOTFOUND);
+    EXPECT_EQ(ca->expected_type, SCI_CODE);
+    EXPECT_EQ(cur, NULL_REC);
+
+    SS_RECTYPE ss{};
+    cur = 0;
+    EXPECT_EQ(alm_find_sched(ca, "@", "@", cur, &ss), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_NOTFOUND);
+    EXPECT_EQ(ca->expected_type, SS_CODE);
+
+    SJ_RECTYPE sj{};
+    cur = 0;
+    EXPECT_EQ(alm_find_job(ca, "@", "@", "@", cur, &sj), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_NOTFOUND);
+    EXPECT_EQ(ca->expected_type, SS_CODE);
+}
+
+TEST_F(FindTest, SchedulesByBothNames) {
+    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    EXPECT_EQ(scheds("@", "@"), (Names{"A#DAILY", "B#DAILY", "B#WEEKLY", "C#DAILY", "C#EMPTY"}));
+    EXPECT_EQ(scheds("@", "DAILY"), (Names{"A#DAILY", "B#DAILY", "C#DAILY"}));
+    EXPECT_EQ(scheds("B", "@"), (Names{"B#DAILY", "B#WEEKLY"}));
+    EXPECT_EQ(scheds("?", "W@"), (Names{"B#WEEKLY"}));
+    EXPECT_EQ(scheds("C", "EMPTY"), (Names{"C#EMPTY"}));
+}
+
+// The chain is ordered by workstation: a plain name stops at the first
+// schedule of a greater one and leaves the cursor and buffer there.
+TEST_F(FindTest, PlainWorkstationStopsAtTheFirstGreaterSchedule) {
+    std::filesystem::create_directory(dir.path("prod"));
+    alm_comarea* ca = open_plan(three_workstations(), "prod/Almanack");
+    ASSERT_NE(ca, nullptr);
+    SS_RECTYPE rec{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_sched(ca, "B", "@", cur, &rec), 7u);
+    EXPECT_EQ(alm_find_sched(ca, "B", "@", cur, &rec), 11u);
+    EXPECT_EQ(cur, 13u);
+    EXPECT_EQ(alm_find_sched(ca, "B", "@", cur, &rec), NULL_REC);
+    EXPECT_EQ(cur, 13u);                      // left as it was
+    EXPECT_EQ(rec.ss_rec_num, 13u);           // the first C schedule
+    EXPECT_EQ(field(rec.ss_cpu_id, 16), "C");
+    EXPECT_EQ(ca->rec_reads[ALM_SLOT_SCHED], 4);  // A, B, B, C: never the last one
+
+    // With a wildcard the walk goes to the end of the chain.
+    cur = 0;
+    while (alm_find_sched(ca, "B@", "@", cur, &rec) != NULL_REC) {
+    }
+    EXPECT_EQ(ca->rec_reads[ALM_SLOT_SCHED], 4 + 5);
+    EXPECT_EQ(cur, NULL_REC);
+    EXPECT_EQ(rec.ss_rec_num, NULL_REC);
+    EXPECT_EQ(rec.ss_prev_sch_ptr, 15u);
+}
+
+// "$", "#", "^" and "~" match as patterns but do not make the name a
+// pattern for the early stop.
+TEST_F(FindTest, OnlyAtQuestionPercentCountAsWildcardsForTheStop) {
+    PlanBuilder b;
+    b.sched("1A", "S");
+    b.sched("2B", "S");
+    b.sched("XB", "S");
+    ASSERT_NE(open_plan(b), nullptr);
+    EXPECT_EQ(scheds("#B", "S"), Names{});  // "1A" > "#B" stops at once
+    EXPECT_EQ(scheds("$B", "S"), Names{});
+    EXPECT_EQ(scheds("%B", "S"), (Names{"2B#S"}));
+    EXPECT_EQ(scheds("?B", "S"), (Names{"2B#S", "XB#S"}));
+    EXPECT_EQ(scheds("~B", "S"), (Names{"XB#S"}));  // "1A" < "~B": no stop
+    EXPECT_EQ(scheds("2B", "S"), (Names{"2B#S"}));
+}
+
+TEST_F(FindTest, JobsAcrossSchedules) {
+    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    EXPECT_EQ(jobs("@", "@", "@"), (Names{"DAILY.BACKUP", "DAILY.REPORT", "DAILY.BACKUP", "DAILY.CLEAN",
+                                          "DAILY.BATCH", "WEEKLY.BILLING", "DAILY.BACKUP"}));
+    EXPECT_EQ(jobs("@", "@", "BACKUP"), (Names{"DAILY.BACKUP", "DAILY.BACKUP", "DAILY.BACKUP"}));
+    EXPECT_EQ(jobs("B", "@", "B@"), (Names{"DAILY.BACKUP", "DAILY.BATCH", "WEEKLY.BILLING"}));
+    EXPECT_EQ(jobs("B", "DAILY", "?A@"), (Names{"DAILY.BACKUP", "DAILY.BATCH"}));
+    EXPECT_EQ(jobs("C", "EMPTY", "@"), Names{});
+}
+
+TEST_F(FindTest, JobCursorWalksChainThenNextSchedule) {
+    alm_comarea* ca = open_plan(three_workstations());
+    ASSERT_NE(ca, nullptr);
+    SJ_RECTYPE rec{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_job(ca, "B", "DAILY", "@", cur, &rec), 8u);
+    EXPECT_EQ(cur, 9u);  // the next job of the chain
+    EXPECT_EQ(alm_find_job(ca, "B", "DAILY", "@", cur, &rec), 9u);
+    EXPECT_EQ(alm_find_job(ca, "B", "DAILY", "@", cur, &rec), 10u);
+    EXPECT_EQ(cur, 11u);  // chain ended: the next schedule to visit
+    EXPECT_EQ(alm_find_job(ca, "B", "DAILY", "@", cur, &rec), NULL_REC);
+    EXPECT_EQ(cur, NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_NOTFOUND);
+    EXPECT_EQ(ca->expected_type, SJ_CODE);
+}
+
+TEST_F(FindTest, JobCursorInTheMiddleOfAChainResumesInItsSchedule) {
+    alm_comarea* ca = open_plan(three_workstations());
+    ASSERT_NE(ca, nullptr);
+    SJ_RECTYPE rec{};
+    std::uint32_t cur = 9;  // CLEAN, in B/DAILY
+    EXPECT_EQ(alm_find_job(ca, "@", "@", "@", cur, &rec), 9u);
+    EXPECT_EQ(alm_find_job(ca, "@", "@", "@", cur, &rec), 10u);
+    EXPECT_EQ(alm_find_job(ca, "@", "@", "@", cur, &rec), 12u);  // on into B/WEEKLY
+
+    // The job's schedule must qualify: resumed under another schedule
+    // pattern, the rest of the chain is skipped.
+    cur = 9;
+    EXPECT_EQ(alm_find_job(ca, "@", "WEEKLY", "@", cur, &rec), 12u);
+
+    // A cursor at a job whose schedule pointer is not a schedule.
+    auto recs = three_workstations().build();
+    test::put32(recs[9], offsetof(SJ_RECTYPE, sj_sched_ptr), 2);  // a workstation
+    ca = open_recs(recs);
+    ASSERT_NE(ca, nullptr);
+    cur = 9;
+    EXPECT_EQ(alm_find_job(ca, "@", "@", "@", cur, &rec), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_NOTFOUND);
+    EXPECT_EQ(ca->expected_type, SS_CODE);
+}
+
+TEST_F(FindTest, ReadFailuresKeepTheirOwnCode) {
+    auto recs = three_workstations().build();
+    test::put32(recs[5], offsetof(SJ_RECTYPE, sj_next_job_ptr), 500);  // beyond the file
+    test::put32(recs[2], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 4);   // a schedule
+    alm_comarea* ca = open_recs(recs);
+    ASSERT_NE(ca, nullptr);
+    SJ_RECTYPE sj{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_job(ca, "A", "@", "REPORT", cur, &sj), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_RANGE);
+    EXPECT_EQ(ca->last_recnum, 500);
+    EXPECT_EQ(cur, NULL_REC);
+
+    SCI_RECTYPE sci{};
+    cur = 0;
+    EXPECT_EQ(alm_find_cpu(ca, "Z", cur, &sci), NULL_REC);
+    EXPECT_EQ(ca->err_type, ALM_E_KIND);
+    EXPECT_EQ(ca->expected_type, SCI_CODE);
+    EXPECT_EQ(ca->found_type, SS_CODE);
+    EXPECT_EQ(cur, NULL_REC);
+}
+
+TEST_F(FindTest, NameWidthsFollowTheVersion) {
+    const std::string long_job = "NIGHTLY_CONSOLIDATION_OF_LEDGERS_42";  // 35 bytes
+    const std::string long_cpu = "WORKSTATION_0016";                      // 16 bytes
+    PlanBuilder v2(true);
+    v2.cpu(long_cpu);
+    auto s = v2.sched(long_cpu, "SCHEDULE_NAME_16");
+    v2.job(s, long_job);
+    ASSERT_NE(open_plan(v2, "v2"), nullptr);
+    EXPECT_EQ(cpus(long_cpu.c_str()), (Names{long_cpu}));
+    EXPECT_EQ(cpus((long_cpu + "XYZ").c_str()), (Names{long_cpu}));  // the pattern is cut at 16
+    EXPECT_EQ(cpus("WORKSTATION_001"), Names{});
+    EXPECT_EQ(jobs(long_cpu.c_str(), "SCHEDULE_NAME_16", long_job.c_str()), (Names{"SCHEDULE_NAME_16." + long_job}));
+    EXPECT_EQ(jobs("@", "@", "NIGHTLY_CONSOLIDATION_OF_LEDGERS_4#"), (Names{"SCHEDULE_NAME_16." + long_job}));
+    EXPECT_EQ(jobs("@", "@", "NIGHTLY_C"), Names{});
+
+    PlanBuilder v1(false);
+    v1.cpu("CPU00001");
+    auto s1 = v1.sched("CPU00001", "SCHED001");
+    v1.job(s1, "JOB12345");
+    ASSERT_NE(open_plan(v1, "v1"), nullptr);
+    EXPECT_EQ(cpus("CPU00001"), (Names{"CPU00001"}));
+    EXPECT_EQ(cpus("CPU00001EXTRA"), (Names{"CPU00001"}));  // the pattern is cut at 8
+    EXPECT_EQ(jobs("CPU00001", "SCHED001", "JOB12345_AND_MORE"), (Names{"SCHED001.JOB12345"}));
+    EXPECT_EQ(jobs("CPU0000#", "SCHED00%", "JOB1234$"), (Names{"SCHED001.JOB12345"}));
+    EXPECT_EQ(scheds("CPU00001", "@"), (Names{"CPU00001#SCHED001"}));
+}
+
+// Damaged plans: a looping chain ends like the end of the chain.
+TEST_F(FindTest, LoopingChainsTerminate) {
+    auto recs = three_workstations().build();
+    test::put32(recs[3], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 1);      // C -> A
+    test::put32(recs[15], offsetof(SS_RECTYPE, ss_next_sch_ptr), 4);       // C/EMPTY -> A/DAILY
+    test::put32(recs[10], offsetof(SJ_RECTYPE, sj_next_job_ptr), 8);       // BATCH -> BACKUP
+    ASSERT_NE(open_recs(recs), nullptr);
+    const std::size_t limit = recs.size();
+
+    EXPECT_LE(cpus("@").size(), limit);
+    EXPECT_EQ(cpus("Z"), Names{});
+    EXPECT_LE(scheds("@", "@").size(), limit);
+    EXPECT_EQ(scheds("@", "NONE"), Names{});
+    EXPECT_LE(jobs("@", "@", "@").size(), limit);
+    EXPECT_LE(jobs("B", "DAILY", "@").size(), limit);
+    EXPECT_EQ(jobs("@", "@", "NONE"), Names{});
+}
+
+TEST_F(FindTest, SelfLinksAndLinksToTheHeaderEnd) {
+    auto recs = three_workstations().build();
+    test::put32(recs[1], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 0);      // A -> header
+    test::put32(recs[6], offsetof(SJ_RECTYPE, sj_next_job_ptr), 6);        // REPORT -> itself
+    test::put32(recs[11], offsetof(SS_RECTYPE, ss_next_sch_ptr), 0);       // B/WEEKLY -> header
+    ASSERT_NE(open_recs(recs), nullptr);
+    EXPECT_EQ(cpus("@"), (Names{"A"}));
+    EXPECT_EQ(scheds("@", "@"), (Names{"A#DAILY", "B#DAILY", "B#WEEKLY"}));
+    auto found = jobs("A", "@", "REPORT");
+    EXPECT_GE(found.size(), 1u);
+    EXPECT_LE(found.size(), recs.size());
+}
+
+// A resumed cursor keeps counting: a caller that follows the cursors of a
+// looping chain stops within the file's record count in total.
+TEST_F(FindTest, ResumedCursorIsBoundedAsAWhole) {
+    auto recs = three_workstations().build();
+    test::put32(recs[3], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 1);
+    alm_comarea* ca = open_recs(recs);
+    ASSERT_NE(ca, nullptr);
+    SCI_RECTYPE rec{};
+    std::uint32_t cur = 0;
+    int calls = 0;
+    while (alm_find_cpu(ca, "@", cur, &rec) != NULL_REC && calls < 1000) ++calls;
+    EXPECT_EQ(calls, ca->num_recs);
+    EXPECT_EQ(cur, NULL_REC);
+}
+
+TEST_F(FindTest, BadHandles) {
+    alm_comarea fake;
+    SCI_RECTYPE sci{};
+    SS_RECTYPE ss{};
+    SJ_RECTYPE sj{};
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_cpu(nullptr, "@", cur, &sci), NULL_REC);
+    EXPECT_EQ(sci.sci_rec_num, NULL_REC);
+    EXPECT_EQ(alm_find_sched(&fake, "@", "@", cur, &ss), NULL_REC);
+    EXPECT_EQ(ss.ss_next_sch_ptr, NULL_REC);
+    EXPECT_EQ(alm_find_job(&fake, "@", "@", "@", cur, &sj), NULL_REC);
+    EXPECT_EQ(cur, 0u);
+    EXPECT_EQ(fake.err_type, 0);
+}
+
+}  // namespace
+}  // namespace alm
