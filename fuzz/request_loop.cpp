@@ -1,0 +1,28 @@
+// Arbitrary bytes as the server's standard input: the loop must read, split
+// and dispatch them without crashing, leaking or reading out of bounds.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+
+#include "service/files.h"
+#include "service/read.h"
+#include "service/write.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static std::FILE* sink = [] {
+        std::FILE* f = std::fopen("/dev/null", "w");
+        alm::readerSetOutput(f);
+        return f;
+    }();
+    if (!sink || size == 0) return 0;
+
+    // fmemopen reads only; the cast drops const for its signature alone.
+    std::FILE* in = fmemopen(const_cast<std::uint8_t*>(data), size, "r");
+    if (!in) return 0;
+    // The core loop reports endings instead of exiting, so the fuzzer survives
+    // the exit request, read errors and unservable frames.
+    alm::readerReadFrames(in);
+    std::fclose(in);
+    alm::readerCloseAllAlmanack();
+    return 0;
+}
