@@ -1,8 +1,12 @@
-// The plan query handlers. Each takes the plan handle as its first argument
-// and answers a malformed request (wrong argument count) with no reply.
+// The plan query handlers. Each takes the plan handle as its first argument,
+// answers a malformed request (wrong argument count, missing argument) with
+// no reply, and a handle that names no open plan with an empty reply.
 #pragma once
 
+#include <cstdint>
+
 #include "service/request.h"
+#include "service/sll.h"
 
 namespace alm {
 
@@ -14,5 +18,11 @@ void readerGetJobs(Request& req);
 void readerGetSchJobDep(Request& req);
 // Command 8: handle, workstation pattern.
 void readerGetCpus(Request& req);
+
+// Record replies: type 0, the request's id, count records of 512 bytes
+// (dataType 1) taken from list, which stays the caller's.
+void readerGetCpusReturn(std::uint32_t id, std::int32_t count, sll* list);
+void readerGetSchedulesReturn(std::uint32_t id, std::int32_t count, sll* list);
+void readerGetJobsReturn(std::uint32_t id, std::int32_t count, sll* list);
 
 }  // namespace alm

@@ -1,0 +1,183 @@
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include "plan/almfind.h"
+#include "queries/queries.h"
+#include "queries/queryargs.h"
+#include "queries/wireform.h"
+#include "service/write.h"
+#include "util/strutil.h"
+
+namespace alm {
+
+namespace {
+
+constexpr int kRecordBytes = ALM_REC_SIZE_V2;
+constexpr std::uint8_t kNotCounted = 0x80;  // the one flag byte the count leaves out
+constexpr std::uint8_t kKindMask = 0x7F;
+constexpr int kFirstResourceKind = 32;       // resources are every kind above 31
+constexpr std::size_t kNameBytes = 256;
+
+// A schedule's or job's dependencies, copied out before the record is
+// converted in place.
+struct Dependencies {
+    std::int16_t count = 0;
+    std::uint8_t flags[MAX_DEPENDS] = {};
+    std::uint32_t recs[MAX_DEPENDS] = {};
+};
+
+Dependencies dependenciesOf(const SS_RECTYPE& ss) {
+    Dependencies d;
+    d.count = static_cast<std::int16_t>(dependency_count(ss.ss_num_depends));
+    std::memcpy(d.flags, ss.ss_depend_flags, sizeof d.flags);
+    std::memcpy(d.recs, ss.ss_dependencies, sizeof d.recs);
+    return d;
+}
+
+Dependencies dependenciesOf(const SJ_RECTYPE& sj) {
+    Dependencies d;
+    d.count = static_cast<std::int16_t>(dependency_count(sj.sj_num_depends));
+    std::memcpy(d.flags, sj.subdep.deps.sj_depend_flags, sizeof d.flags);
+    std::memcpy(d.recs, sj.subdep.deps.sj_dependencies, sizeof d.recs);
+    return d;
+}
+
+// The header counts every dependency entry in use whose flag is not 0x80,
+// whether or not a record follows for it.
+std::int64_t countedDependencies(const Dependencies& d) {
+    std::int64_t n = 0;
+    for (int i = 0; i < d.count; ++i) n += d.flags[i] != kNotCounted;
+    return n;
+}
+
+// A chain or a search on a damaged plan must not outrun the file: no walk
+// takes more steps than the file has records.
+bool withinPlan(const alm_comarea* ca, std::int64_t steps) { return steps <= ca->num_recs; }
+
+// The walk both passes share: each schedule matching the patterns, then each
+// of its jobs matching the job pattern, each followed by its restart chain.
+// Visit is called with every record in output order and may convert it in
+// place; whatever the walk still needs is taken before the call.
+template <class Visit>
+void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPattern, const char* jobPattern,
+                 Visit& visit) {
+    const short width = queryNameWidth();
+    char cpu[kNameBytes];
+    char schedule[kNameBytes];
+    SS_RECTYPE ss;
+    SJ_RECTYPE sj;
+    SJ_RECTYPE chained;
+
+    std::uint32_t ss_start = 0;
+    for (std::int64_t schedules = 0;
+         withinPlan(ca, schedules) && alm_find_sched(ca, cpuPattern, schedPattern, ss_start, &ss) != NULL_REC;
+         ++schedules) {
+        pac_to_str(ss.ss_cpu_id, cpu, width);
+        pac_to_str(ss.ss_sched_name, schedule, width);
+        visit.schedule(ss);
+
+        std::uint32_t sj_start = 0;
+        for (std::int64_t jobs = 0;
+             withinPlan(ca, jobs) && alm_find_job(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC;
+             ++jobs) {
+            std::uint32_t link = sj.sj_restart_ptr;
+            visit.job(sj);
+            for (std::int64_t links = 0; link != NULL_REC && withinPlan(ca, links); ++links) {
+                if (alm_read_job(ca, link, &chained) < 0) break;
+                link = chained.sj_restart_ptr;
+                visit.job(chained);
+            }
+        }
+    }
+}
+
+struct Counter {
+    std::int64_t count = 0;
+    void schedule(const SS_RECTYPE& ss) { count += 1 + countedDependencies(dependenciesOf(ss)); }
+    void job(const SJ_RECTYPE& sj) { count += 1 + countedDependencies(dependenciesOf(sj)); }
+};
+
+void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::uint8_t* depflags,
+                          const std::uint32_t* deprecs);
+
+struct Writer {
+    alm_comarea* ca;
+    void schedule(SS_RECTYPE& ss) {
+        const Dependencies d = dependenciesOf(ss);
+        readerWriteBlock(ConvertSchedule(&ss), kRecordBytes);
+        WriteOutDependencies(ca, d.count, d.flags, d.recs);
+    }
+    void job(SJ_RECTYPE& sj) {
+        const Dependencies d = dependenciesOf(sj);
+        readerWriteBlock(ConvertJob(&sj), kRecordBytes);
+        WriteOutDependencies(ca, d.count, d.flags, d.recs);
+    }
+};
+
+// Sends the record of each dependency that names one, in index order; an
+// entry without a record, of a kind that is not sent, or whose record cannot
+// be read is left out.
+void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::uint8_t* depflags,
+                          const std::uint32_t* deprecs) {
+    ALMRECTYPE rec;
+    const int n = dependency_count(numdeps);
+    for (int i = 0; i < n; ++i) {
+        const std::uint32_t recnum = deprecs[i];
+        if (recnum == NULL_REC) continue;
+        const int kind = depflags[i] & kKindMask;
+        const void* out = nullptr;
+        switch (kind) {
+            case LocMsgDep:
+            case GlbMsgDep:
+                if (alm_read_message(alm_ca, recnum, &rec.sm) >= 0) out = ConvertPrompt(&rec.sm);
+                break;
+            case PreschedDep:
+                if (alm_read_sched(alm_ca, recnum, &rec.ss) >= 0) {
+                    rec.ss.alm_rec_type = static_cast<std::int16_t>(SCHED_DEP_CODE);
+                    out = ConvertScheduleDep(&rec.ss);
+                }
+                break;
+            case PrejobDep:
+                if (alm_read_job(alm_ca, recnum, &rec.sj) >= 0) {
+                    rec.sj.alm_rec_type = static_cast<std::int16_t>(JOB_DEP_CODE);
+                    out = ConvertJobDep(&rec.sj);
+                }
+                break;
+            case FileDep:
+                if (alm_read_file(alm_ca, recnum, &rec.sf) >= 0) out = ConvertFile(&rec.sf);
+                break;
+            default:
+                // ResourceDep (9) itself is not a resource here: only kinds above 31 are.
+                if (kind >= kFirstResourceKind && alm_read_resource(alm_ca, recnum, &rec.sr) >= 0)
+                    out = ConvertResource(&rec.sr);
+                break;
+        }
+        if (out) readerWriteBlock(out, kRecordBytes);
+    }
+}
+
+}  // namespace
+
+void readerGetSchJobDep(Request& req) {
+    const char* args[4];
+    if (!queryArgs(req, args, 4)) return;
+    const char* cpu = args[1];
+    const char* sched = args[2];
+    const char* job = args[3];
+    alm_comarea* ca = querySession(args[0]);
+
+    Counter counter;
+    if (ca) walkListing(ca, cpu, sched, job, counter);
+    const std::int64_t count = std::min<std::int64_t>(counter.count, std::numeric_limits<std::int32_t>::max());
+    readerWriteHeader(0, static_cast<int>(req.id), static_cast<int>(count), kRecordBytes);
+
+    if (ca) {
+        Writer writer{ca};
+        walkListing(ca, cpu, sched, job, writer);
+    }
+    readerWriteTrailer();
+}
+
+}  // namespace alm
