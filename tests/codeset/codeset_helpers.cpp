@@ -1,0 +1,152 @@
+#include "codeset/codeset_helpers.h"
+
+#include <iconv.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "util/endian.h"
+
+namespace alm::test {
+
+TempDir::TempDir() {
+    std::string tmpl = (std::filesystem::temp_directory_path() / "almcs.XXXXXX").string();
+    std::vector<char> buf(tmpl.begin(), tmpl.end());
+    buf.push_back('\0');
+    if (::mkdtemp(buf.data()) != nullptr) path_ = buf.data();
+}
+
+TempDir::~TempDir() {
+    std::error_code ec;
+    if (!path_.empty()) std::filesystem::remove_all(path_, ec);
+}
+
+ScopedEnv::ScopedEnv(const char* name, std::optional<std::string> value) : name_(name) {
+    if (const char* old = std::getenv(name)) old_ = old;
+    if (value)
+        ::setenv(name, value->c_str(), 1);
+    else
+        ::unsetenv(name);
+}
+
+ScopedEnv::~ScopedEnv() {
+    if (old_)
+        ::setenv(name_.c_str(), old_->c_str(), 1);
+    else
+        ::unsetenv(name_.c_str());
+}
+
+int run_almcodeset(const std::vector<std::string>& args) {
+    const std::string tool = ALM_BUILD_DIR "/bin/almcodeset";
+    std::vector<char*> argv;
+    argv.push_back(const_cast<char*>(tool.c_str()));
+    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    const pid_t pid = ::fork();
+    if (pid < 0) return -1;
+    if (pid == 0) {
+        if (std::FILE* null = std::freopen("/dev/null", "w", stderr)) (void)null;
+        ::execv(tool.c_str(), argv.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+const std::string& shared_ilsdir() {
+    static TempDir dir;
+    return dir.path();
+}
+
+std::string ensure_table(const std::string& codeset, const std::string& type) {
+    static std::map<std::string, bool> made;
+    if (!made[codeset]) {
+        made[codeset] = run_almcodeset({codeset, type, shared_ilsdir()}) == 0;
+    }
+    return codeset;
+}
+
+void write_file(const std::string& path, const std::string& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::string read_file(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+std::optional<std::string> iconv_convert(const char* from, const char* to, const std::string& in,
+                                         bool* incomplete) {
+    if (incomplete != nullptr) *incomplete = false;
+    // One descriptor per pair, kept for the process.
+    static std::map<std::pair<std::string, std::string>, iconv_t> cds;
+    iconv_t& cd = cds[{from, to}];
+    if (cd == nullptr) cd = iconv_open(to, from);
+    if (cd == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
+    iconv(cd, nullptr, nullptr, nullptr, nullptr);
+    std::vector<char> inbuf(in.begin(), in.end());
+    std::string out(in.size() * 4 + 16, '\0');
+    char* ip = inbuf.data();
+    std::size_t il = inbuf.size();
+    char* op = out.data();
+    std::size_t ol = out.size();
+    if (iconv(cd, &ip, &il, &op, &ol) == static_cast<std::size_t>(-1)) {
+        if (incomplete != nullptr) *incomplete = errno == EINVAL;
+        return std::nullopt;
+    }
+    if (iconv(cd, nullptr, nullptr, &op, &ol) == static_cast<std::size_t>(-1)) return std::nullopt;
+    out.resize(out.size() - ol);
+    return out;
+}
+
+std::string utf8_of(std::uint32_t cp) {
+    std::string s;
+    if (cp < 0x80) {
+        s += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+        s += static_cast<char>(0xC0 | (cp >> 6));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        s += static_cast<char>(0xE0 | (cp >> 12));
+        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        s += static_cast<char>(0xF0 | (cp >> 18));
+        s += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+    return s;
+}
+
+std::vector<unsigned char> TableImage::bytes() const {
+    const std::size_t natural =
+        rows.empty() ? 1760 : std::max<std::size_t>(1760, std::size_t{row_offset} + 2 * rows.size());
+    std::vector<unsigned char> b(size_override != 0 ? size_override : natural, 0);
+    std::vector<unsigned char> full(std::max(natural, b.size()), 0);
+    store_host32(full.data(), row_offset);
+    std::memcpy(full.data() + 8, "ucv", 3);
+    store_host16(full.data() + 48, type);
+    store_host16(full.data() + 50, mark);
+    for (std::size_t i = 0; i < 256; ++i) {
+        store_host16(full.data() + 736 + 2 * i, entries[i]);
+        full[1248 + i] = lengths[i];
+    }
+    for (std::size_t i = 0; i < rows.size(); ++i) store_host16(full.data() + row_offset + 2 * i, rows[i]);
+    std::memcpy(b.data(), full.data(), b.size());
+    return b;
+}
+
+}  // namespace alm::test

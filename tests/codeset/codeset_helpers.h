@@ -1,0 +1,73 @@
+// Shared test helpers: temporary directories, environment overrides, the
+// almcodeset tool, iconv as the reference converter, and hand-made tables.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace alm::test {
+
+// A fresh directory, removed with everything in it at scope end.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+// Sets (or, with nullopt, unsets) one environment variable for a scope.
+class ScopedEnv {
+public:
+    ScopedEnv(const char* name, std::optional<std::string> value);
+    ~ScopedEnv();
+    ScopedEnv(const ScopedEnv&) = delete;
+    ScopedEnv& operator=(const ScopedEnv&) = delete;
+
+private:
+    std::string name_;
+    std::optional<std::string> old_;
+};
+
+// Runs the built almcodeset with args (stderr discarded); its exit status.
+int run_almcodeset(const std::vector<std::string>& args);
+
+// One directory for the whole test process holding tables made by
+// almcodeset on demand: codeset_dir()/codeset/<table>.
+const std::string& shared_ilsdir();
+// Makes the table for an iconv code set once; returns its table name.
+std::string ensure_table(const std::string& codeset, const std::string& type);
+
+void write_file(const std::string& path, const std::string& bytes);
+std::string read_file(const std::string& path);
+
+// iconv from one code set to another; nullopt when iconv rejects the input
+// (or the code set). *incomplete, when given, tells whether the input was
+// rejected only for ending inside a character.
+std::optional<std::string> iconv_convert(const char* from, const char* to, const std::string& in,
+                                         bool* incomplete = nullptr);
+
+std::string utf8_of(std::uint32_t cp);
+
+// Hand-made table images for the loader and converter edge cases.
+struct TableImage {
+    std::uint32_t row_offset = 1760;
+    std::uint16_t type = 1;
+    std::uint16_t mark = 0;
+    std::array<std::uint16_t, 256> entries{};
+    std::array<std::uint8_t, 256> lengths{};
+    std::vector<std::uint16_t> rows;
+    std::size_t size_override = 0;  // 0: header plus rows
+
+    std::vector<unsigned char> bytes() const;
+};
+
+}  // namespace alm::test

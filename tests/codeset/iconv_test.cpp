@@ -1,0 +1,291 @@
+// Every character of real code sets, converted both ways, against iconv.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "codeset/codeset_helpers.h"
+#include "messages/codeset.h"
+
+namespace alm {
+namespace {
+
+using test::iconv_convert;
+using test::utf8_of;
+
+struct CodeSetParam {
+    const char* codeset;
+    const char* type;
+};
+
+std::ostream& operator<<(std::ostream& os, const CodeSetParam& p) { return os << p.codeset; }
+
+CodeSet* load(const CodeSetParam& p) {
+    const std::string table = test::ensure_table(p.codeset, p.type);
+    test::ScopedEnv ils("ILSDIR", test::shared_ilsdir());
+    test::ScopedEnv bin("BINDIR", std::nullopt);
+    return ils_get_cs(table.c_str());
+}
+
+std::string to_utf8(CodeSet* cs, const std::string& in) {
+    std::string out(in.size() * 3 + 8, '\0');
+    const int n = ils_to_utf8(cs, in.data(), static_cast<int>(in.size()), out.data(),
+                              static_cast<int>(out.size()));
+    out.resize(static_cast<std::size_t>(n));
+    return out;
+}
+
+std::string from_utf8(CodeSet* cs, const std::string& in) {
+    std::string out(in.size() * 4 + 8, '\0');
+    const int n = ils_from_utf8(cs, in.data(), static_cast<int>(in.size()), out.data(),
+                                static_cast<int>(out.size()));
+    out.resize(static_cast<std::size_t>(n));
+    return out;
+}
+
+// What a converter writes for a character iconv gives as ref: tables hold
+// one 16-bit code point per character, anything else is "?".
+std::string expected_utf8(const std::optional<std::string>& ref) {
+    if (!ref || ref->empty() || ref->size() > 3) return "?";
+    const unsigned char lead = static_cast<unsigned char>((*ref)[0]);
+    const std::size_t len = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : 3;
+    return len == ref->size() ? *ref : "?";
+}
+
+bool is_surrogate(std::uint32_t cp) { return cp >= 0xD800 && cp <= 0xDFFF; }
+
+std::string hex(const std::string& s) {
+    static const char d[] = "0123456789ABCDEF";
+    std::string h;
+    for (unsigned char c : s) h += {d[c >> 4], d[c & 15], ' '};
+    return h;
+}
+
+// --- single-byte ---------------------------------------------------------
+
+class SingleByte : public ::testing::TestWithParam<CodeSetParam> {};
+
+TEST_P(SingleByte, EveryByteToUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    const bool ascii = std::string(p.type) == "sbcs";
+    std::string all, expected_all;
+    for (unsigned b = 0; b < 256; ++b) {
+        const std::string in(1, static_cast<char>(b));
+        const std::string expected =
+            ascii && b < 0x80 ? in : expected_utf8(iconv_convert(p.codeset, "UTF-8", in));
+        EXPECT_EQ(to_utf8(cs, in), expected) << "byte " << b;
+        all += in;
+        expected_all += expected;
+    }
+    EXPECT_EQ(to_utf8(cs, all), expected_all);
+}
+
+TEST_P(SingleByte, EveryCodePointFromUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    const bool ascii = std::string(p.type) == "sbcs";
+    const std::string question = ascii ? "?" : "\x6F";
+    std::string all, expected_all;
+    int mapped = 0;
+    for (std::uint32_t cp = 0; cp <= 0xFFFF; ++cp) {
+        if (is_surrogate(cp)) continue;
+        const std::string in = utf8_of(cp);
+        const auto ref = iconv_convert("UTF-8", p.codeset, in);
+        std::string expected;
+        if (ascii && cp < 0x80)
+            expected = std::string(1, static_cast<char>(cp));
+        else
+            expected = ref ? *ref : question;
+        EXPECT_EQ(from_utf8(cs, in), expected) << "code point " << cp;
+        if (ref) {
+            ++mapped;
+            all += in;
+            expected_all += expected;
+        }
+    }
+    EXPECT_GE(mapped, 200);
+    EXPECT_EQ(from_utf8(cs, all), expected_all);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, SingleByte,
+                         ::testing::Values(CodeSetParam{"ISO-8859-1", "sbcs"}, CodeSetParam{"CP1252", "sbcs"},
+                                           CodeSetParam{"IBM850", "sbcs"}, CodeSetParam{"IBM037", "ebcdic"},
+                                           CodeSetParam{"IBM1047", "ebcdic"}));
+
+// --- ASCII-based double- and multi-byte ----------------------------------
+
+class MultiByte : public ::testing::TestWithParam<CodeSetParam> {};
+
+// What the converter gives for seq (a whole character or a rejected one).
+std::string expected_for(const CodeSetParam& p, const std::string& seq) {
+    return expected_utf8(iconv_convert(p.codeset, "UTF-8", seq));
+}
+
+TEST_P(MultiByte, EverySequenceToUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    const bool mbcs = std::string(p.type) == "mbcs";
+    int chars = 0;
+    std::string all, expected_all;
+    for (unsigned b = 0x80; b < 256; ++b) {
+        const std::string lead(1, static_cast<char>(b));
+        bool incomplete = false;
+        const auto one = iconv_convert(p.codeset, "UTF-8", lead, &incomplete);
+        if (incomplete && mbcs) {
+            // A lead byte that no second byte completes starts nothing.
+            bool completes = false;
+            for (unsigned b2 = 0; b2 < 256 && !completes; ++b2) {
+                bool more = false;
+                completes = iconv_convert(p.codeset, "UTF-8", lead + static_cast<char>(b2), &more) || more;
+            }
+            incomplete = completes;
+        }
+        if (!incomplete) {
+            // A single byte, or one that starts no character: "?" for the
+            // double-byte converter, skipped by the multi-byte one.
+            const std::string expected = one ? expected_utf8(one) : mbcs ? "" : "?";
+            EXPECT_EQ(to_utf8(cs, lead), expected) << "byte " << b;
+            continue;
+        }
+        for (unsigned b2 = 0; b2 < 256; ++b2) {
+            const std::string two = lead + static_cast<char>(b2);
+            bool incomplete2 = false;
+            const auto ref2 = iconv_convert(p.codeset, "UTF-8", two, &incomplete2);
+            if (!incomplete2 || !mbcs) {
+                const std::string expected = expected_utf8(ref2);
+                EXPECT_EQ(to_utf8(cs, two), expected) << "bytes " << b << " " << b2;
+                if (ref2) {
+                    ++chars;
+                    all += two;
+                    expected_all += expected;
+                }
+                continue;
+            }
+            for (unsigned b3 = 0; b3 < 256; ++b3) {
+                const std::string three = two + static_cast<char>(b3);
+                const std::string expected = expected_for(p, three);
+                ASSERT_EQ(to_utf8(cs, three), expected) << "bytes " << b << " " << b2 << " " << b3;
+                chars += expected != "?";
+            }
+        }
+    }
+    EXPECT_GE(chars, 5000);
+    EXPECT_EQ(to_utf8(cs, all), expected_all);
+}
+
+TEST_P(MultiByte, EveryCodePointFromUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    int exact = 0, duplicates = 0;
+    std::string all, expected_all;
+    for (std::uint32_t cp = 0x80; cp <= 0xFFFF; ++cp) {
+        if (is_surrogate(cp)) continue;
+        const std::string in = utf8_of(cp);
+        const std::string ours = from_utf8(cs, in);
+        const auto ref = iconv_convert("UTF-8", p.codeset, in);
+        if (ours == "?") {
+            // Only code points iconv cannot write, writes one way only, or
+            // writes as an ASCII byte (which converts as ASCII here).
+            if (ref) {
+                const bool ascii_byte = ref->size() == 1 && static_cast<unsigned char>((*ref)[0]) < 0x80;
+                EXPECT_TRUE(ascii_byte || iconv_convert(p.codeset, "UTF-8", *ref) != in)
+                    << "code point " << cp << " has " << hex(*ref);
+            }
+            continue;
+        }
+        // Whatever is written reads back as the same code point.
+        EXPECT_EQ(iconv_convert(p.codeset, "UTF-8", ours), in) << "code point " << cp << " gave " << hex(ours);
+        if (ref && ours == *ref)
+            ++exact;
+        else
+            ++duplicates;  // another sequence for the same character
+        all += in;
+        expected_all += ours;
+    }
+    EXPECT_GE(exact, 5000);
+    EXPECT_LT(duplicates, exact / 20);
+    EXPECT_EQ(from_utf8(cs, all), expected_all);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, MultiByte,
+                         ::testing::Values(CodeSetParam{"SJIS", "dbcs"}, CodeSetParam{"CP932", "dbcs"},
+                                           CodeSetParam{"GBK", "dbcs"}, CodeSetParam{"EUC-JP", "mbcs"},
+                                           CodeSetParam{"EUC-KR", "mbcs"}));
+
+// --- double-byte EBCDIC --------------------------------------------------
+
+class EbcdicDoubleByte : public ::testing::TestWithParam<CodeSetParam> {};
+
+constexpr char kSO = 0x0E;
+constexpr char kSI = 0x0F;
+
+TEST_P(EbcdicDoubleByte, EverySequenceToUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    for (unsigned b = 0; b < 256; ++b) {
+        if (b == 0x0E || b == 0x0F) continue;
+        const std::string in(1, static_cast<char>(b));
+        EXPECT_EQ(to_utf8(cs, in), expected_for(p, in)) << "byte " << b;
+    }
+    int chars = 0;
+    for (unsigned b1 = 1; b1 < 256; ++b1) {
+        if (b1 == 0x0E || b1 == 0x0F) continue;
+        for (unsigned b2 = 0; b2 < 256; ++b2) {
+            if (b2 == 0x0E || b2 == 0x0F) continue;
+            const std::string in = std::string(1, kSO) + static_cast<char>(b1) + static_cast<char>(b2) + kSI;
+            const std::string expected = expected_for(p, in);
+            ASSERT_EQ(to_utf8(cs, in), expected) << "bytes " << b1 << " " << b2;
+            chars += expected != "?";
+        }
+    }
+    EXPECT_GE(chars, 5000);
+}
+
+TEST_P(EbcdicDoubleByte, EveryCodePointFromUtf8) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    int exact = 0, other = 0;
+    for (std::uint32_t cp = 0; cp <= 0xFFFF; ++cp) {
+        if (is_surrogate(cp)) continue;
+        const std::string in = utf8_of(cp);
+        const std::string ours = from_utf8(cs, in);
+        const auto ref = iconv_convert("UTF-8", p.codeset, in);
+        if (ours == "\x6F" && cp != '?') {
+            if (ref) {
+                EXPECT_NE(iconv_convert(p.codeset, "UTF-8", *ref), in) << "code point " << cp;
+            }
+            continue;
+        }
+        ASSERT_TRUE(ours.size() == 1 || (ours.size() == 4 && ours[0] == kSO && ours[3] == kSI))
+            << "code point " << cp << " gave " << hex(ours);
+        EXPECT_EQ(iconv_convert(p.codeset, "UTF-8", ours), in) << "code point " << cp;
+        (ref && *ref == ours ? exact : other) += 1;
+    }
+    EXPECT_GE(exact, 5000);
+    EXPECT_LT(other, exact / 20);
+}
+
+TEST_P(EbcdicDoubleByte, MixedTextShiftsLikeIconv) {
+    const CodeSetParam p = GetParam();
+    CodeSet* cs = load(p);
+    ASSERT_NE(cs, nullptr);
+    // Digits, blanks and kanji with runs of both widths.
+    const std::string text = "12 \xE6\x97\xA5\xE6\x9C\xAC 3\xE6\x97\xA5 4";
+    const auto ref = iconv_convert("UTF-8", p.codeset, text);
+    ASSERT_TRUE(ref);
+    EXPECT_EQ(from_utf8(cs, text), *ref);
+    EXPECT_EQ(to_utf8(cs, *ref), text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, EbcdicDoubleByte,
+                         ::testing::Values(CodeSetParam{"IBM930", "ebcdic-dbcs"},
+                                           CodeSetParam{"IBM939", "ebcdic-dbcs"}));
+
+}  // namespace
+}  // namespace alm
