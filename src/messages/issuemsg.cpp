@@ -1,41 +1,513 @@
-// Placeholder message entry point: every message comes out as the "NO MSG"
-// fallback until the catalog-backed implementation replaces this file.
 #include "messages/issuemsg.h"
 
-#include <cstdio>
+#include <syslog.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <clocale>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "messages/codeset.h"
+#include "messages/msgcat.h"
+#include "messages/msgord.h"
+#include "messages/msgstream.h"
+#include "util/dateutil.h"
+#include "util/stdfuncs.h"
 
 namespace alm {
 
-char* VAissuemsgtobuf(char* msg, short* msglen, int, int, va_list) {
-    int limit = (*msglen == -1) ? 4200 : 256;
-    int n = std::snprintf(msg, static_cast<size_t>(limit), "NO MSG: !1,!2,!3,!4,!5");
-    *msglen = static_cast<short>(n);
+namespace {
+
+constexpr int LANG_MAX = 32;
+constexpr int IM_MAX_WIDTH = IM_BUFSIZE - 1;
+constexpr int IM_ERROR_BITS = 0x0002 | 0x0040 | 0x0080 | 0x1000;
+constexpr int IM_SYSLOG_ERROR_BITS = 0x10C2;
+
+std::unique_ptr<TPCATtype> g_state;
+std::vector<MsgTypeFormatter> g_uts;
+int g_debug = 0;
+int g_open_errno[NUM_PRODUCTS] = {};
+void (*g_shutdown)(int, const char*) = nullptr;
+
+bool is_space(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+void set_locale_from_env() {
+    char loc[LANG_MAX + 1];
+    ils_os_lang_name(loc, sizeof loc);
+    std::setlocale(LC_ALL, "C");
+    std::setlocale(LC_COLLATE, loc);
+    std::setlocale(LC_CTYPE, loc);
+    std::setlocale(LC_TIME, loc);
+    std::setlocale(LC_MESSAGES, loc);
+}
+
+void create_state() {
+    g_state = std::make_unique<TPCATtype>();
+    TPCATtype* st = g_state.get();
+    st->flags = 1;
+    st->console_wid = 64;
+    st->stdout_wid = 78;
+    st->level = 0;
+    st->syslog = -1;
+    st->default_set = 0;
+
+    set_locale_from_env();
+    ils_init();
+    const char* dbg = std::getenv("ISSUEMSGDEBUG");
+    g_debug = dbg != nullptr ? static_cast<int>(std::strtol(dbg, nullptr, 10)) : 0;
+    g_debug |= 0x0180;
+
+    // The date style is kept in the product catalogs as a number.
+    if (st->cats[1] == 0) {
+        st->cats[1] = open_catalog(1);
+        if (st->cats[1] == NIM_CATD_ERR) g_open_errno[1] = errno;
+    }
+    const char* fmt = nim_catgets(st->cats[1], 50, 35, "0");
+    st->date_fmt = static_cast<short>(std::atoi(fmt));
+}
+
+TPCATtype* state() {
+    if (!g_state) create_state();
+    return g_state.get();
+}
+
+void system_lang(char* lang) {
+    char raw[LANG_MAX + 1];
+    ils_os_lang_name(raw, sizeof raw);
+    ils_canonical_lang(raw, lang, LANG_MAX + 1);
+    lang[LANG_MAX] = '\0';
+}
+
+// Copies at most room-1 bytes and terminates; returns the bytes copied.
+int copy_text(char* dst, int room, const char* src, std::size_t len) {
+    if (room <= 0) return 0;
+    std::size_t n = std::min(len, static_cast<std::size_t>(room - 1));
+    std::memcpy(dst, src, n);
+    dst[n] = '\0';
+    return static_cast<int>(n);
+}
+
+int clamp_print(int ret, int room) {
+    if (ret < 0 || room <= 0) return 0;
+    return std::min(ret, room - 1);
+}
+
+// Reads up to five (type, value) pairs into placeholder texts laid one
+// after another in work (IM_BUFSIZE + 1 bytes, zeroed). The sixth slot is
+// the end of the used area: an empty text.
+void collect_args(va_list args, char* work, MsgArgType slots[6]) {
+    TPCATtype* st = state();
+    int pos = 0;
+    int k = 0;
+    while (k < IM_MAX_ARGS) {
+        const int type = va_arg(args, int);
+        if (type == MSG_FILENUM || type == MSG_DBSTAT) {
+            (void)va_arg(args, long);
+            continue;
+        }
+        // Registered types (1000 and up) end the list like any unknown type.
+        if (type > MSG_IPADDR) break;
+
+        char* dst = work + pos;
+        const int room = IM_BUFSIZE - pos;
+        int len = 0;
+        bool terminated = true;
+        slots[k].argType = static_cast<short>(type);
+        slots[k].buffer = dst;
+
+        if (type <= MSG_STR) {
+            const char* s = va_arg(args, const char*);
+            std::size_t n = 0;
+            if (s != nullptr) {
+                if (type == MSG_STR) {
+                    n = std::strlen(s);
+                } else {
+                    const std::int64_t width = -static_cast<std::int64_t>(type);
+                    n = ::strnlen(s, static_cast<std::size_t>(width));
+                }
+            }
+            std::size_t b = 0;
+            while (b < n && is_space(s[b])) ++b;
+            std::size_t e = n;
+            while (e > b && is_space(s[e - 1])) --e;
+            if (s == nullptr) {
+                len = copy_text(dst, room, "", 0);
+            } else if (type == MSG_STR && b == 0 && e == n) {
+                slots[k].buffer = const_cast<char*>(s);
+                ++k;
+                continue;
+            } else {
+                len = copy_text(dst, room, s + b, e - b);
+            }
+        } else {
+            switch (type) {
+                case MSG_INT:
+                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%d", va_arg(args, int)), room);
+                    break;
+                case MSG_LONGP:
+                case MSG_LONGP11: {
+                    const long* v = va_arg(args, const long*);
+                    if (v == nullptr) {
+                        len = copy_text(dst, room, "", 0);
+                    } else {
+                        const char* f = type == MSG_LONGP ? "%li" : "%11li";
+                        len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), f, *v), room);
+                    }
+                    break;
+                }
+                case MSG_SKIP:
+                    (void)va_arg(args, long);
+                    len = copy_text(dst, room, "", 0);
+                    break;
+                case MSG_ERRNO:
+                case MSG_ERRNO2: {
+                    const char* e = std::strerror(va_arg(args, int));
+                    if (room > 0) {
+                        ils_to_utf8(nullptr, e, -1, dst, room);
+                        dst[room - 1] = '\0';
+                        len = static_cast<int>(std::strlen(dst));
+                    }
+                    break;
+                }
+                case MSG_DATE: {
+                    const int e = va_arg(args, int);
+                    if (room > 0) {
+                        dst[0] = '\0';
+                        c_convert_date(e, dst, room, st->date_fmt);
+                        dst[room - 1] = '\0';
+                        len = static_cast<int>(std::strlen(dst));
+                    }
+                    break;
+                }
+                case MSG_INT6:
+                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%6d", va_arg(args, int)), room);
+                    break;
+                case MSG_JOBNUM: {
+                    char tmp[32];
+                    short n = im_fmt_jobnum(va_arg(args, int), tmp);
+                    len = copy_text(dst, room, tmp, static_cast<std::size_t>(n));
+                    break;
+                }
+                case MSG_HHMM: {
+                    const int v = va_arg(args, int);
+                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%d:%02d", v / 100, v % 100),
+                                      room);
+                    // No room is kept for the NUL: a following argument runs on
+                    // from here, and this placeholder's text with it.
+                    terminated = false;
+                    break;
+                }
+                case MSG_IPADDR: {
+                    char tmp[32];
+                    short n = im_fmt_ip_addr(va_arg(args, unsigned int), tmp);
+                    len = copy_text(dst, room, tmp, static_cast<std::size_t>(n));
+                    break;
+                }
+                default:
+                    break;
+            }
+        }
+        if (room > 0) pos += len + (terminated ? 1 : 0);
+        ++k;
+    }
+    for (; k < 6; ++k) {
+        slots[k].argType = static_cast<short>(MSG_END);
+        slots[k].buffer = work + pos;
+    }
+}
+
+// The text of the message, or nullptr with the reason appended to reason.
+const char* catalog_text(int product, int cset, int msg, std::string& reason) {
+    TPCATtype* st = state();
+    char tmp[128];
+    if (product < 0 || product >= NUM_PRODUCTS) {
+        reason = " [product > MAX] ";
+        return nullptr;
+    }
+    if (st->cats[product] == 0) {
+        st->cats[product] = open_catalog(product);
+        if (st->cats[product] == NIM_CATD_ERR) g_open_errno[product] = errno;
+    }
+    if (st->cats[product] == NIM_CATD_ERR) {
+        std::snprintf(tmp, sizeof tmp, " open failed %d ", g_open_errno[product]);
+        reason = tmp;
+        return nullptr;
+    }
+    const char* text = nim_catgets(st->cats[product], cset, msg, nullptr);
+    if (text != nullptr) return text;
+
+    char lang[LANG_MAX + 1];
+    system_lang(lang);
+    if (std::strcmp(lang, "C") == 0) return nullptr;
+    char path[QUAL_PATH_MAX + 1];
+    const char* stem = product_stem(product);
+    nim_catd h = home_catalog_path(path, "C", stem) ? catopen2(path, 0, nullptr, "C") : NIM_CATD_ERR;
+    if (h == 0 || h == NIM_CATD_ERR) {
+        std::fprintf(msg_stderr(), "catopen on %s error: %s\n", path, std::strerror(errno));
+        return nullptr;
+    }
+    text = nim_catgets(h, cset, msg, nullptr);
+    if (text == nullptr) {
+        std::snprintf(tmp, sizeof tmp, " catgets failed %d ", errno);
+        reason = tmp;
+    }
+    // The text stays valid: closing only releases the slot for later reuse.
+    nim_catclose(h);
+    return text;
+}
+
+// Fetches the message, fills its placeholders and adds the code; the text
+// stays in UTF-8. Returns its length.
+int do_catread(int msgset, int msgnum, char* out, int size, MsgArgType slots[6]) {
+    TPCATtype* st = state();
+    if (size <= 0) return 0;
+    if (msgset == 0) msgset = st->default_set;
+    int product = msgset / 1000;
+    if (product == 0) {
+        msgset += 2000;
+        product = msgset / 1000;
+    }
+    int cset = 0;
+    int msg = 0;
+    if (msgset % 1000 == 0) {
+        cset = msgnum / 100;
+        msg = msgnum % 100;
+    } else {
+        cset = msgset % 1000;
+        msg = msgnum;
+    }
+
+    std::string reason;
+    const char* text = catalog_text(product, cset, msg, reason);
+    std::string fallback;
+    if (text == nullptr) {
+        fallback = "NO MSG: !1,!2,!3,!4,!5" + reason;
+        text = fallback.c_str();
+    }
+    auto utf = std::make_unique<char[]>(IM_BUFSIZE);
+    ils_to_utf8(nullptr, text, -1, utf.get(), IM_BUFSIZE);
+    utf[IM_BUFSIZE - 1] = '\0';
+
+    int n = 0;
+    const int lim = size - 1;
+    for (const char* p = utf.get(); *p != '\0' && n < lim;) {
+        if (p[0] == '~' && p[1] == '!') {
+            out[n++] = '!';
+            p += 2;
+        } else if (p[0] == '!') {
+            if (p[1] >= '1' && p[1] <= '6') {
+                for (const char* a = slots[p[1] - '1'].buffer; *a != '\0' && n < lim; ++a) out[n++] = *a;
+                p += 2;
+            } else if (p[1] == '\0') {
+                ++p;
+            } else {
+                out[n++] = p[1];
+                p += 2;
+            }
+        } else {
+            out[n++] = *p++;
+        }
+    }
+    out[n] = '\0';
+
+    if ((n == 0 || out[n - 1] != '#') && size - n > 10) {
+        auto body = std::make_unique<char[]>(static_cast<std::size_t>(n) + 1);
+        std::memcpy(body.get(), out, static_cast<std::size_t>(n) + 1);
+        int r = std::snprintf(out, static_cast<std::size_t>(size), "%s%04d%04d  %s", "QFR", product * 1000 + cset, msg,
+                              body.get());
+        n = clamp_print(r, size);
+    } else if (n > 0) {
+        out[--n] = '\0';
+    }
+    return n;
+}
+
+char* format_message(char* msg, short* msglen, int msgset, int msgnum, va_list args) {
+    state();
+    const int limit = *msglen == -1 ? IM_BUFSIZE : IM_SHORTBUF;
+    msg[0] = '\0';
+    auto work = std::make_unique<char[]>(IM_BUFSIZE + 1);
+    MsgArgType slots[6];
+    collect_args(args, work.get(), slots);
+    *msglen = static_cast<short>(do_catread(msgset, msgnum, msg, limit, slots));
     return msg;
 }
 
+char* format_local(char* msg, short* msglen, int msgset, int msgnum, va_list args) {
+    const int limit = *msglen == -1 ? IM_BUFSIZE : IM_SHORTBUF;
+    auto utf = std::make_unique<char[]>(IM_BUFSIZE);
+    short len = *msglen;
+    format_message(utf.get(), &len, msgset, msgnum, args);
+    ils_from_utf8(nullptr, utf.get(), -1, msg, limit);
+    msg[limit - 1] = '\0';
+    *msglen = static_cast<short>(std::strlen(msg));
+    return msg;
+}
+
+char severity_letter(int opts) {
+    if (opts & IM_ERROR_BITS) return 'E';
+    if (opts & IM_WARN) return 'W';
+    return 'I';
+}
+
+// Cuts text into lines of at most room characters (room <= 0: no limit).
+std::vector<std::string> break_lines(const char* text, int room) {
+    std::vector<std::string> lines;
+    const char* p = text;
+    do {
+        std::size_t lineLen = 0;
+        std::size_t skip = 0;
+        for (std::size_t i = 0;; ++i) {
+            const char c = p[i];
+            if (c == '\0') {
+                lineLen = i;
+                break;
+            }
+            if (c == '\n') {
+                lineLen = i;
+                skip = 1;
+                break;
+            }
+            if (c == '\\' && (p[i + 1] == 'n' || p[i + 1] == 'N')) {
+                lineLen = i;
+                skip = 2;
+                break;
+            }
+            if (room > 0 && i == static_cast<std::size_t>(room)) {
+                // p[0..room] holds no NUL and no line end: the text runs on.
+                std::size_t blank = 0;
+                std::size_t comma_cut = 0;
+                for (std::size_t j = 1; j <= i; ++j) {
+                    if (p[j] == ' ' || p[j] == '\t') blank = j;
+                    if (p[j] == ',' && j < i) comma_cut = j + 1;
+                }
+                if (blank == 0 && comma_cut == 0) {
+                    lineLen = i;
+                } else if (blank > comma_cut) {
+                    lineLen = blank;
+                    skip = 1;
+                } else {
+                    lineLen = comma_cut;
+                    skip = p[comma_cut] == ' ' ? 1 : 0;
+                }
+                break;
+            }
+        }
+        lines.emplace_back(p, lineLen);
+        p += lineLen + skip;
+    } while (*p != '\0');
+    return lines;
+}
+
+// Accepts a catalog text as a printf format only when its one conversion
+// is of the kind that will be passed.
+bool format_takes(const char* fmt, char kind) {
+    int conversions = 0;
+    for (const char* p = fmt; *p != '\0'; ++p) {
+        if (*p != '%') continue;
+        ++p;
+        if (*p == '%') continue;
+        while (*p == '-' || *p == '+' || *p == ' ' || *p == '#' || *p == '0') ++p;
+        while (*p >= '0' && *p <= '9') ++p;
+        if (*p == '.') {
+            ++p;
+            while (*p >= '0' && *p <= '9') ++p;
+        }
+        if (kind == 'f' && *p == 'l') ++p;
+        const bool ok = kind == 'd' ? (*p == 'd' || *p == 'i')
+                                    : (*p == 'f' || *p == 'F' || *p == 'e' || *p == 'E' || *p == 'g' || *p == 'G');
+        if (!ok || ++conversions > 1) return false;
+    }
+    return true;
+}
+
+const char* exit_text(char* buf, bool& fetched, int msgnum) {
+    if (!fetched) {
+        short len = 0;
+        issuemsgtobuf(buf, &len, 1129, msgnum, MSG_END);
+        fetched = true;
+    }
+    return buf;
+}
+
+}  // namespace
+
+TPCATtype* issuemsg_state() { return state(); }
+
+short im_fmt_jobnum(int jobnum, char* out) {
+    const auto v = static_cast<std::uint32_t>(jobnum);
+    int n = 0;
+    if (v >= 0xF0000000u)
+        n = std::sprintf(out, "#J%d", -jobnum);
+    else if (v & 0x40000000u)
+        n = std::sprintf(out, "#S%d", static_cast<int>(v & ~0x40000000u));
+    else
+        n = std::sprintf(out, "#J%d", jobnum);
+    return static_cast<short>(n);
+}
+
+short im_fmt_ip_addr(unsigned int addr, char* out) {
+    return static_cast<short>(std::sprintf(out, "%d.%d.%d.%d", static_cast<int>((addr >> 24) & 0xFF),
+                                           static_cast<int>((addr >> 16) & 0xFF), static_cast<int>((addr >> 8) & 0xFF),
+                                           static_cast<int>(addr & 0xFF)));
+}
+
+int issuemsg_add_type(MsgTypeFormatter fmt) {
+    TPCATtype* st = state();
+    g_uts.push_back(fmt);
+    st->uts = g_uts.data();
+    st->numUserTypes = static_cast<short>(g_uts.size());
+    return 1000 + static_cast<int>(g_uts.size()) - 1;
+}
+
+void issuemsg_set_shutdown(void (*fn)(int, const char*)) { g_shutdown = fn; }
+
+char* VAissuemsgtobuf(char* msg, short* msglen, int msgset, int msgnum, va_list args) {
+    if (msg == nullptr || msglen == nullptr) return msg;
+    return format_local(msg, msglen, msgset, msgnum, args);
+}
+
 char* issuemsgtobuf(char* msg, short* msglen, int msgset, int msgnum, ...) {
+    if (msg == nullptr || msglen == nullptr) return msg;
     va_list ap;
     va_start(ap, msgnum);
-    VAissuemsgtobuf(msg, msglen, msgset, msgnum, ap);
+    format_local(msg, msglen, msgset, msgnum, ap);
     va_end(ap);
     return msg;
 }
 
 char* nc_issuemsgtobuf(char* msg, short* msglen, int msgset, int msgnum, ...) {
+    if (msg == nullptr || msglen == nullptr) return msg;
     va_list ap;
     va_start(ap, msgnum);
-    VAissuemsgtobuf(msg, msglen, msgset, msgnum, ap);
+    format_message(msg, msglen, msgset, msgnum, ap);
     va_end(ap);
     return msg;
 }
 
 void VAissuemsg(int opts, int msgset, int msgnum, va_list args) {
-    char buf[4200];
+    va_list peek;
+    va_copy(peek, args);
+    const int first = va_arg(peek, int);
+    va_end(peek);
+
+    auto buf = std::make_unique<char[]>(IM_BUFSIZE);
     short len = -1;
-    VAissuemsgtobuf(buf, &len, msgset, msgnum, args);
-    std::fflush(stdout);
-    std::FILE* out = (opts & 1) ? stderr : stdout;
-    std::fprintf(out, "%s\n", buf);
+    format_local(buf.get(), &len, msgset, msgnum, args);
+    if (std::strncmp(buf.get(), "QFR", 3) == 0) {
+        if (char* blank = std::strchr(buf.get(), ' ')) *blank = severity_letter(opts);
+    }
+    issuebuf(opts, buf.get(), 0);
+    if (first == MSG_DBSTAT) {
+        std::fputc('\n', msg_stdout());
+        std::fflush(msg_stdout());
+    }
 }
 
 void issuemsg(int opts, int msgset, int msgnum, ...) {
@@ -43,6 +515,119 @@ void issuemsg(int opts, int msgset, int msgnum, ...) {
     va_start(ap, msgnum);
     VAissuemsg(opts, msgset, msgnum, ap);
     va_end(ap);
+}
+
+void issuebuf(int opts, const char* buf, int buflen) {
+    TPCATtype* st = state();
+    std::string text = buf != nullptr ? buf : "";
+    if (buflen > 0 && static_cast<std::size_t>(buflen) < text.size()) text.resize(static_cast<std::size_t>(buflen));
+
+    std::fflush(msg_stdout());
+    std::FILE* out = (opts & IM_STDERR) ? msg_stderr() : msg_stdout();
+
+    std::string head;
+    if (st->progname != nullptr) {
+        head += st->progname;
+        head += ':';
+    }
+    if (opts & IM_TIME) {
+        char ts[32] = "";
+        std::time_t now = std::time(nullptr);
+        std::tm tm{};
+        if (::localtime_r(&now, &tm) != nullptr) std::strftime(ts, sizeof ts, "%H:%M/", &tm);
+        head += ts;
+    }
+    if (opts & IM_BELL) head += '\a';
+    const bool box = (opts & IM_BOX) != 0;
+    const char rule_char = (opts & IM_STARBOX) == IM_STARBOX ? '*' : '+';
+    if (box) {
+        head += rule_char;
+        head += ' ';
+    }
+
+    const int width = std::min(st->stdout_wid, IM_MAX_WIDTH);
+    const int headLen = static_cast<int>(head.size());
+    int room = 0;
+    if (width > 0) room = std::max(1, width - headLen - 3);
+    if (box) {
+        std::string rule = head + std::string(static_cast<std::size_t>(std::max(0, width - 3 - headLen)), rule_char);
+        std::fprintf(out, "%s\n", rule.c_str());
+    }
+    for (const std::string& line : break_lines(text.c_str(), room))
+        std::fprintf(out, "%s%s\n", head.c_str(), line.c_str());
+    if (box) {
+        std::string rule = head + std::string(static_cast<std::size_t>(std::max(0, width - 3 - headLen)), rule_char);
+        std::fprintf(out, "%s\n", rule.c_str());
+    }
+    std::fflush(out);
+
+    if ((opts & (IM_SYSLOG | IM_SYSLOG2)) && st->syslog != -1) {
+        const bool quiet = st->level < 0 && st->level != -1 &&
+                           (opts & (IM_SYSLOG2 | IM_SYSLOG_FORCE)) != (IM_SYSLOG2 | IM_SYSLOG_FORCE);
+        if (!quiet) {
+            const char* fmt = "INFO: %s";
+            if (opts & IM_SYSLOG_ERROR_BITS)
+                fmt = "ERROR: %s";
+            else if (opts & IM_BOX)
+                fmt = "WARN: %s";
+            else if (opts & IM_WARN)
+                fmt = "NOTICE: %s";
+            ::syslog(st->syslog | 3, fmt, text.c_str());
+        }
+    }
+
+    if (opts & (IM_FATAL | IM_FATAL2)) {
+        if (g_shutdown != nullptr) g_shutdown(-1, text.c_str());
+        exit_cleanly(opts);
+    }
+}
+
+void exit_cleanly(int opts) {
+    TPCATtype* st = state();
+    if (st->fdconsole != nullptr) {
+        std::fclose(st->fdconsole);
+        st->fdconsole = nullptr;
+    }
+    if (st->fdconslog != nullptr) {
+        std::fclose(st->fdconslog);
+        st->fdconslog = nullptr;
+    }
+
+    static char internal_text[IM_SHORTBUF];
+    static char cpu_text[IM_SHORTBUF];
+    static char bye_text[IM_SHORTBUF];
+    static bool have_internal = false;
+    static bool have_cpu = false;
+    static bool have_bye = false;
+
+    std::FILE* err = msg_stderr();
+    std::FILE* out = msg_stdout();
+    if ((opts & (IM_FATAL | IM_FATAL2)) == 0) {
+        const char* t = exit_text(internal_text, have_internal, 2);
+        if (format_takes(t, 'd'))
+            std::fprintf(err, t, 2150);
+        else
+            std::fputs(t, err);
+        std::fputc('\n', err);
+    }
+    if ((st->flags & (IM_FLAG_BYE | IM_FLAG_CPU)) == (IM_FLAG_BYE | IM_FLAG_CPU)) {
+        const char* t = exit_text(cpu_text, have_cpu, 3);
+        const double cpu = static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+        if (format_takes(t, 'f'))
+            std::fprintf(out, t, cpu);
+        else
+            std::fputs(t, out);
+        std::fputs("\n\n", out);
+    } else if (st->flags & IM_FLAG_BYE) {
+        std::fputs(exit_text(bye_text, have_bye, 4), out);
+        std::fputs("\n\n", out);
+    }
+    std::fflush(out);
+    std::fflush(err);
+    std::fclose(stdout);
+    std::fclose(stderr);
+    if ((opts & IM_FATAL) && (st->flags & IM_FLAG_CORE)) std::abort();
+    std::exit(1);
 }
 
 }  // namespace alm
