@@ -2,7 +2,13 @@
 // expansion of the catalog text that reports an unknown code.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -189,6 +195,60 @@ TEST(Report, WritesOneLineOnStandardError) {
     ASSERT_FALSE(err.empty());
     EXPECT_EQ(err.back(), '\n');
     EXPECT_EQ(count_lines(err), 1u);
+}
+
+// Runs only inside the fresh process started below.
+TEST(Report, ChildConvertsAnUnknownCode) {
+    if (std::getenv("ALM_REPORT_CHILD") == nullptr) GTEST_SKIP() << "helper for CatalogTextIsExpanded";
+    ALMRECTYPE_INT in;
+    std::memset(in.bytes, 0, sizeof in.bytes);
+    put16(&in, 0, 0x7A7A);
+    ALMRECTYPE out;
+    EXPECT_EQ(alm_i_2_e(&in, &out, 1), 1);
+}
+
+// With the built catalogs the line carries the file name, line and code. The
+// message facility keeps its catalogs for the life of a process, so this runs
+// in a fresh one, with the build tree as its home.
+TEST(Report, CatalogTextIsExpandedWithFileLineAndCode) {
+    const std::string home = ALM_BUILD_DIR;
+    struct stat st{};
+    if (stat((home + "/catalog/C/kestrel.cat").c_str(), &st) != 0) GTEST_SKIP() << "catalogs not built";
+    char path[] = "/tmp/alm_report_XXXXXX";
+    const int fd = mkstemp(path);
+    ASSERT_GE(fd, 0);
+    unlink(path);
+    const pid_t pid = fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) {
+        const int null_fd = open("/dev/null", O_WRONLY);
+        if (chdir(home.c_str()) != 0 || null_fd < 0) _exit(2);
+        setenv("ALM_REPORT_CHILD", "1", 1);
+        setenv("COBALTHOME", home.c_str(), 1);
+        setenv("LANG", "C", 1);
+        unsetenv("LC_ALL");
+        unsetenv("LC_MESSAGES");
+        unsetenv("NLSPATH");
+        dup2(null_fd, 1);
+        dup2(fd, 2);
+        execl("/proc/self/exe", "test_forms", "--gtest_filter=Report.ChildConvertsAnUnknownCode",
+              static_cast<char*>(nullptr));
+        _exit(3);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    std::string err;
+    lseek(fd, 0, SEEK_SET);
+    char buf[512];
+    ssize_t n;
+    while ((n = read(fd, buf, sizeof buf)) > 0) err.append(buf, static_cast<std::size_t>(n));
+    close(fd);
+    EXPECT_NE(err.find("almaccs(2064)"), std::string::npos) << err;
+    EXPECT_NE(err.find(" 31354 "), std::string::npos) << err;
+    EXPECT_EQ(err.find('%'), std::string::npos) << err;
+    EXPECT_EQ(count_lines(err), 1u) << err;
 }
 
 }  // namespace
