@@ -33,6 +33,8 @@ std::int32_t cal_to_epoch(std::uint16_t cal);
 int valid_date(std::int32_t e);
 int c_convert_date(std::int32_t e, char* buffer, int size, int style);
 void date_time(std::int32_t* date, std::int16_t* hhmm);
+// 0 or 1 sets the numeric output form; -1 decides it again from
+// UNIDATESTRIP (six digits only when set to 0); any other value only reports.
 int dte_out_fmt(int value);
 short strfmt_datefmt(const char* format);
 const char* get_nls_fmt();
