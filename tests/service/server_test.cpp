@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -264,25 +265,42 @@ private:
     std::string path_;
 };
 
-TEST(CommandLine, StartsUnderEveryFormOfProgramPath) {
+// The home shows in the archived-plan listing: HOME/schedlog/M... paths.
+TEST(CommandLine, HomeFollowsTheProgramPath) {
     TempHome home;
     ASSERT_FALSE(home.path().empty());
-    std::filesystem::create_directory(home.path() + "/bin");
-    std::filesystem::copy_file(kServer, home.path() + "/bin/almread");
     const std::string bin = home.path() + "/bin";
+    std::filesystem::create_directories(bin);
+    std::filesystem::create_directories(home.path() + "/schedlog");
+    std::filesystem::copy_file(kServer, bin + "/almread");
+    for (const char* name : {"M9901010600", "M9901020600", "x"})
+        std::ofstream(home.path() + "/schedlog/" + name) << "";
+
+    TempHome other;  // a second home, named by COBALTHOME
+    ASSERT_FALSE(other.path().empty());
+    std::filesystem::create_directories(other.path() + "/schedlog");
+    std::ofstream(other.path() + "/schedlog/M9912310600") << "";
+
+    const std::vector<std::string> inHome = {home.path() + "/schedlog/M9901020600",
+                                             home.path() + "/schedlog/M9901010600"};
+    const std::vector<std::string> inOther = {other.path() + "/schedlog/M9912310600"};
     struct Case {
-        std::string program;  // what exec is given
+        const char* what;
         std::string argv0;
         std::string workDir;
         std::vector<std::string> env;
         std::vector<std::string> unset;
+        std::vector<std::string> listing;
     };
     const std::vector<Case> cases = {
-        {bin + "/almread", bin + "/almread", "", {"COBALTHOME=/nowhere"}, {}},
-        {bin + "/almread", "./almread", bin, {}, {"COBALTHOME"}},
-        {bin + "/almread", "bin/almread", home.path(), {}, {"COBALTHOME"}},
-        {bin + "/almread", "almread", "/", {"PATH=/nonexistent:" + bin}, {"COBALTHOME"}},
-        {bin + "/almread", "almread", "/", {"PATH=/nonexistent"}, {"COBALTHOME"}},
+        {"absolute path wins over COBALTHOME", bin + "/almread", "/",
+         {"COBALTHOME=" + other.path()}, {}, inHome},
+        {"COBALTHOME for a relative path", "./almread", bin, {"COBALTHOME=" + other.path()}, {},
+         inOther},
+        {"./ start", "./almread", bin, {}, {"COBALTHOME"}, inHome},
+        {"relative dir/prog", "bin/almread", home.path(), {}, {"COBALTHOME"}, inHome},
+        {"found along PATH", "almread", "/", {"PATH=/nonexistent:" + bin}, {"COBALTHOME"}, inHome},
+        {"not found: no home", "almread", "/", {"PATH=/nonexistent"}, {"COBALTHOME"}, {}},
     };
     for (const Case& tc : cases) {
         SpawnOptions opts;
@@ -290,9 +308,14 @@ TEST(CommandLine, StartsUnderEveryFormOfProgramPath) {
         opts.extraEnv = tc.env;
         opts.unsetEnv = tc.unset;
         AlmClient c;
-        startGreeted(c, {tc.argv0}, opts);
-        ASSERT_OK(c.send(0, 1, {}));
-        expectEnd(c, nopReply(1), 0);
+        ASSERT_OK(c.start(bin + "/almread", {tc.argv0}, opts));
+        ASSERT_OK(c.readGreeting(kWaitMs));
+        ASSERT_OK(c.send(4, 1, {}));
+        Reply r;
+        ASSERT_OK(c.readReply(r, kWaitMs));
+        EXPECT_EQ(r.strings(), tc.listing) << tc.what;
+        EXPECT_EQ(r.header.numData, tc.listing.size()) << tc.what;
+        expectEnd(c, "", 0);
     }
 }
 
