@@ -1,5 +1,6 @@
 #include "queries/wireform.h"
 
+#include "queries/plantest.h"
 #include "util/endian.h"
 
 #include <gtest/gtest.h>
@@ -24,64 +25,36 @@ std::vector<unsigned char> at(const unsigned char* rec, std::size_t off, std::si
     return {rec + off, rec + off + n};
 }
 
-// Field offsets by wire form, written out from the protocol's tables; every
-// byte not listed must come out as it went in.
-struct Forms {
-    std::vector<int> be16, be32, low;
-};
-
-void expect_forms(std::span<const WireField> table, const Forms& forms) {
+// Converts a patterned record with the table and checks it against the
+// offsets by form; every byte not listed there must come out as it went in.
+void expect_forms(std::span<const WireField> table, const qtest::WireForms& forms) {
     const Bytes in = patterned();
     Bytes out = in;
     convert_fields(out.data(), table);
-    std::array<bool, ALM_REC_SIZE_V2> touched{};
-    for (int off : forms.be16) {
-        EXPECT_EQ(out[off], in[off + 1]) << "be16 at " << off;
-        EXPECT_EQ(out[off + 1], in[off]) << "be16 at " << off;
-        touched[off] = touched[off + 1] = true;
-    }
-    for (int off : forms.be32) {
-        for (int k = 0; k < 4; ++k) EXPECT_EQ(out[off + k], in[off + 3 - k]) << "be32 at " << off;
-        for (int k = 0; k < 4; ++k) touched[off + k] = true;
-    }
-    for (int off : forms.low) {
-        EXPECT_EQ(out[off], in[off + 1]) << "low half at " << off;
-        EXPECT_EQ(out[off + 1], in[off]) << "low half at " << off;
-        EXPECT_EQ(out[off + 2], 0) << "low half at " << off;
-        EXPECT_EQ(out[off + 3], 0) << "low half at " << off;
-        for (int k = 0; k < 4; ++k) touched[off + k] = true;
-    }
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        if (!touched[i]) {
-            EXPECT_EQ(out[i], in[i]) << "byte " << i << " should be as delivered";
-        }
-    }
+    const qtest::Bytes expected = qtest::expectedWire(in.data(), forms);
+    for (std::size_t i = 0; i < out.size(); ++i) EXPECT_EQ(out[i], expected[i]) << "byte " << i;
 }
 
-TEST(WireTables, WorkstationFormsByOffset) {
-    expect_forms(kCpuWire, {.be16 = {0, 2, 64, 66, 68, 112, 114, 186, 188, 190, 192, 194, 224, 226, 228},
-                            .be32 = {52, 56, 60, 212, 216},
-                            .low = {8, 48, 196, 200}});
-}
+TEST(WireTables, WorkstationFormsByOffset) { expect_forms(kCpuWire, qtest::cpuForms()); }
+TEST(WireTables, ScheduleFormsByOffset) { expect_forms(kScheduleWire, qtest::scheduleForms()); }
+TEST(WireTables, JobFormsByOffset) { expect_forms(kJobWire, qtest::jobForms()); }
+TEST(WireTables, PromptFormsByOffset) { expect_forms(kPromptWire, qtest::promptForms()); }
+TEST(WireTables, FileFormsByOffset) { expect_forms(kFileWire, qtest::fileForms()); }
+TEST(WireTables, ResourceFormsByOffset) { expect_forms(kResourceWire, qtest::resourceForms()); }
 
-TEST(WireTables, ScheduleFormsByOffset) {
-    expect_forms(kScheduleWire,
-                 {.be16 = {0, 2, 48, 50, 52, 72, 74, 76, 78, 80, 82, 84, 276, 294, 296, 312, 316, 320, 322, 344, 346,
-                           348},
-                  .be32 = {8, 88, 92, 112, 324, 328, 332, 336, 340},
-                  .low = {96, 100, 104, 108}});
-}
+TEST(WireTables, DependencyFormsOfPatternedRecords) {
+    const Bytes in = patterned();
+    SS_RECTYPE ss;
+    std::memcpy(&ss, in.data(), sizeof ss);
+    ss.ss_num_depends = 7;
+    const qtest::Bytes ssExpected = qtest::expectedScheduleDep(ss);
+    EXPECT_EQ(qtest::bytesOf(ConvertSchedule(&ss), sizeof ss), ssExpected);
 
-TEST(WireTables, JobFormsByOffset) {
-    expect_forms(kJobWire, {.be16 = {0, 2, 154, 158, 160, 162, 164, 166, 168},
-                            .be32 = {8, 240, 244, 248, 252, 256, 260, 264},
-                            .low = {212, 216, 220, 224, 228, 232, 236}});
-}
-
-TEST(WireTables, PromptFileResourceFormsByOffset) {
-    expect_forms(kPromptWire, {.be16 = {0, 2, 60, 62, 64, 66}, .be32 = {8, 52, 56}, .low = {40, 44, 48}});
-    expect_forms(kFileWire, {.be16 = {0, 2, 156}, .be32 = {8}, .low = {32, 36}});
-    expect_forms(kResourceWire, {.be16 = {0, 2}, .be32 = {8}, .low = {40, 44, 48, 52, 56, 60}});
+    SJ_RECTYPE sj;
+    std::memcpy(&sj, in.data(), sizeof sj);
+    sj.sj_num_depends = 39;
+    const qtest::Bytes sjExpected = qtest::expectedJobDep(sj);
+    EXPECT_EQ(qtest::bytesOf(ConvertJob(&sj), sizeof sj), sjExpected);
 }
 
 TEST(WireHelpers, LowHalfDropsUpperHalf) {
