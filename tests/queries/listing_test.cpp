@@ -1,0 +1,219 @@
+// End to end: the dependency listing over a plan with every kind of
+// dependency, unreadable targets, odd flag bytes and restart chains.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "queries/plantest.h"
+
+namespace alm::qtest {
+namespace {
+
+// "TYPE:name" for a record on the wire: its two type characters and the
+// name that identifies it.
+std::string label(const unsigned char* rec) {
+    const std::string type{static_cast<char>(rec[0]), static_cast<char>(rec[1])};
+    auto text = [&](int off, int width) {
+        std::string s(reinterpret_cast<const char*>(rec + off), width);
+        return s.substr(0, s.find_last_not_of(' ') + 1);
+    };
+    if (type == "SR" || type == "SD") return type + ":" + text(32, 16);
+    if (type == "JR" || type == "JD") return type + ":" + text(32, 40);
+    if (type == "MR" || type == "RR") return type + ":" + text(32, 8);
+    if (type == "FR") return type + ":" + text(48, 28);
+    return type + ":?";
+}
+
+// Reads a streamed reply: its header, then `records` records.
+struct Listing {
+    FrameHeader header;
+    std::vector<std::string> labels;
+    std::vector<Bytes> records;
+};
+
+Listing readListing(Server& s, std::uint32_t id, const std::vector<std::string>& args, std::size_t records) {
+    Listing l;
+    EXPECT_EQ(s.client().send(kDependencies, id, args), ClientStatus::Ok);
+    EXPECT_EQ(s.client().readHeader(l.header, kWaitMs), ClientStatus::Ok);
+    for (std::size_t i = 0; i < records; ++i) {
+        Bytes rec(512);
+        if (s.client().readExact(rec.data(), rec.size(), kWaitMs) != ClientStatus::Ok) break;
+        l.labels.push_back(label(rec.data()));
+        l.records.push_back(rec);
+    }
+    return l;
+}
+
+// The chain jobs live in a schedule of their own, which the queries below do
+// not name, so they appear only as links of their chains.
+const char* const kPlan = R"(
+workstation A
+workstation B
+prompt GP
+prompt LP
+file A /tmp/f1
+resource A R1
+schedule A CHAIN
+job C1
+restart C2
+dep prompt GP
+job C2
+job C3
+link sj_restart_ptr rec 9999
+schedule A PRE
+job PJ
+schedule A S1
+dep sched A PRE
+dep localprompt LP
+dep prompt GP
+dep file A /tmp/f1
+dep resource A R1 2
+dep job A PRE PJ
+dep 0x09 resource A R1
+dep 0x80 sched A PRE
+dep 0x83 sched A PRE
+dep 0x05 sched A PRE
+dep 4 rec 9999
+dep 3 rec 32768
+dep 1 job A PRE PJ
+job J1
+dep localprompt LP
+dep file A /tmp/f1
+restart A CHAIN C1
+job J2
+restart A CHAIN C3
+job J3
+schedule A VERYLONGSCHED
+job LJ
+schedule B S1
+job BJ
+)";
+
+class Listings : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        dir_ = std::make_unique<TempDir>();
+        std::string err;
+        plan_ = buildPlan(dir_->path(), "deps", kPlan, &err);
+        ASSERT_FALSE(plan_.empty()) << err;
+        v1_ = buildPlan(dir_->path(), "old", "format v1\nworkstation A\nschedule A S\njob J\n", &err);
+        ASSERT_FALSE(v1_.empty()) << err;
+    }
+    static void TearDownTestSuite() { dir_.reset(); }
+
+    void SetUp() override {
+        ASSERT_FALSE(plan_.empty());
+        ASSERT_TRUE(server_.ok());
+        handle_ = server_.open(plan_);
+        ASSERT_FALSE(handle_.empty());
+    }
+
+    static std::unique_ptr<TempDir> dir_;
+    static std::string plan_;
+    static std::string v1_;
+    Server server_;
+    std::string handle_;
+};
+
+std::unique_ptr<TempDir> Listings::dir_;
+std::string Listings::plan_;
+std::string Listings::v1_;
+
+TEST_F(Listings, EveryKindInOrderWithChains) {
+    const std::vector<std::string> expected = {
+        "SR:S1",  "SD:PRE",  "MR:LP",  "MR:GP", "FR:/tmp/f1", "RR:R1", "JD:PJ", "SD:PRE",  // S1 and its dependencies
+        "JR:J1",  "MR:LP",   "FR:/tmp/f1",                                                 // J1 and its dependencies
+        "JR:C1",  "MR:GP",   "JR:C2",                                                      // J1's restart chain
+        "JR:J2",  "JR:C3",                                                                 // a chain whose next link is unreadable
+        "JR:J3",
+    };
+    // Counted: S1 and its 12 entries whose flag is not 0x80; J1 and 2; C1
+    // and 1; C2, J2, C3, J3.
+    const Listing l = readListing(server_, 21, {handle_, "A", "S1", "@"}, expected.size());
+    EXPECT_EQ(l.header.id, 21u);
+    EXPECT_EQ(l.header.numData, 22u);
+    EXPECT_EQ(l.header.size, 20u + 22u * 512u);
+    EXPECT_EQ(l.header.bytesPerRecord, 512u);
+    EXPECT_EQ(l.header.dataType, 1u);
+    EXPECT_EQ(l.labels, expected);
+    // Fewer records followed than announced: the next reply comes right after.
+    EXPECT_TRUE(server_.nextIsNop(22));
+}
+
+TEST_F(Listings, DependencyEntriesAreLowHalvesOfTheirRecordNumbers) {
+    Delivered d(plan_);
+    const std::vector<SS_RECTYPE> s1 = d.schedules("A", "S1");
+    ASSERT_EQ(s1.size(), 1u);
+    const Listing l = readListing(server_, 23, {handle_, "A", "S1", "NONE"}, 8);
+    ASSERT_EQ(l.records.size(), 8u);
+    EXPECT_EQ(l.records[0], expectedScheduleDep(s1[0]));
+    // Entry 11 names record 32768: 80 00 00 00 on the wire.
+    EXPECT_EQ(slice(l.records[0].data(), 116 + 11 * 4, 4), (Bytes{0x80, 0x00, 0x00, 0x00}));
+    EXPECT_EQ(slice(l.records[0].data(), 350, 13),
+              (Bytes{3, 1, 2, 8, 33, 4, 0x09, 0x80, 0x83, 0x05, 4, 3, 1}));
+    EXPECT_TRUE(server_.nextIsNop(24));
+}
+
+TEST_F(Listings, ScheduleWithoutDependenciesOrMatchingJobs) {
+    const Listing l = readListing(server_, 25, {handle_, "A", "PRE", "NONE"}, 1);
+    EXPECT_EQ(l.header.numData, 1u);
+    EXPECT_EQ(l.labels, std::vector<std::string>{"SR:PRE"});
+    EXPECT_TRUE(server_.nextIsNop(26));
+}
+
+TEST_F(Listings, PatternsSelectSchedulesAndJobs) {
+    // Both workstations' S1; of their jobs only BJ has two characters
+    // ending in J.
+    const std::vector<std::string> expected = {"SR:S1", "SD:PRE", "MR:LP", "MR:GP", "FR:/tmp/f1",
+                                               "RR:R1", "JD:PJ",  "SD:PRE", "SR:S1", "JR:BJ"};
+    const Listing l = readListing(server_, 27, {handle_, "@", "S1", "?J"}, expected.size());
+    EXPECT_EQ(l.header.numData, 13u + 1u + 1u);
+    EXPECT_EQ(l.labels, expected);
+    EXPECT_TRUE(server_.nextIsNop(35));
+}
+
+TEST_F(Listings, NoMatchingScheduleGivesAnEmptyListing) {
+    Reply r;
+    ASSERT_EQ(server_.ask(kDependencies, 28, {handle_, "Z@", "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 28, 0);
+}
+
+TEST_F(Listings, NameWidthFollowsTheLastOpenedPlan) {
+    const Listing before = readListing(server_, 29, {handle_, "A", "VERYLONGSCHED", "@"}, 2);
+    EXPECT_EQ(before.header.numData, 2u);
+    EXPECT_EQ(before.labels, (std::vector<std::string>{"SR:VERYLONGSCHED", "JR:LJ"}));
+
+    // After a version 0 plan is opened, names are cut to 8 characters, and
+    // the cut schedule name no longer finds the jobs.
+    ASSERT_FALSE(server_.open(v1_).empty());
+    const Listing after = readListing(server_, 30, {handle_, "A", "VERYLONGSCHED", "@"}, 1);
+    EXPECT_EQ(after.header.numData, 1u);
+    EXPECT_EQ(after.labels, std::vector<std::string>{"SR:VERYLONGSCHED"});
+    EXPECT_TRUE(server_.nextIsNop(31));
+
+    ASSERT_FALSE(server_.open(plan_).empty());
+    const Listing again = readListing(server_, 32, {handle_, "A", "VERYLONGSCHED", "@"}, 2);
+    EXPECT_EQ(again.header.numData, 2u);
+}
+
+TEST_F(Listings, VersionZeroPlan) {
+    const std::string old = server_.open(v1_);
+    ASSERT_FALSE(old.empty());
+    Delivered d(v1_);
+    const std::vector<SS_RECTYPE> s = d.schedules();
+    const std::vector<SJ_RECTYPE> j = d.jobs();
+    ASSERT_EQ(s.size(), 1u);
+    ASSERT_EQ(j.size(), 1u);
+    const Listing l = readListing(server_, 33, {old, "@", "@", "@"}, 2);
+    EXPECT_EQ(l.header.numData, 2u);
+    EXPECT_EQ(l.labels, (std::vector<std::string>{"SR:S", "JR:J"}));
+    ASSERT_EQ(l.records.size(), 2u);
+    EXPECT_EQ(l.records[0], expectedScheduleDep(s[0]));
+    EXPECT_EQ(l.records[1], expectedJobDep(j[0]));
+    EXPECT_TRUE(server_.nextIsNop(34));
+}
+
+}  // namespace
+}  // namespace alm::qtest
