@@ -1,0 +1,188 @@
+// End to end: what the queries answer to malformed requests, unknown
+// handles, empty results, patterns and version 0 plans.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "queries/plantest.h"
+
+namespace alm::qtest {
+namespace {
+
+std::string nameAt(const unsigned char* rec, int off, int width) {
+    std::string s(reinterpret_cast<const char*>(rec + off), width);
+    return s.substr(0, s.find_last_not_of(' ') + 1);
+}
+
+// Names of the records of a reply, read from the field at off.
+std::vector<std::string> names(const Reply& r, int off, int width) {
+    std::vector<std::string> out;
+    for (std::size_t i = 0; i < r.recordCount(); ++i) out.push_back(nameAt(r.record(i), off, width));
+    return out;
+}
+
+const char* const kPlan = R"(
+workstation A1
+workstation A2
+workstation B1
+workstation XY
+schedule A1 DAILY
+job LOAD
+job LOAD2
+job REPORT
+schedule A1 WEEKLY
+job LOAD
+schedule A2 DAILY
+job EXTRACT
+schedule B1 S7
+)";
+
+class Requests : public ::testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        dir_ = std::make_unique<TempDir>();
+        std::string err;
+        plan_ = buildPlan(dir_->path(), "plan", kPlan, &err);
+        ASSERT_FALSE(plan_.empty()) << err;
+        v1_ = buildPlan(dir_->path(), "old", kPlan, &err, true);
+        ASSERT_FALSE(v1_.empty()) << err;
+    }
+    static void TearDownTestSuite() { dir_.reset(); }
+
+    void SetUp() override {
+        ASSERT_FALSE(plan_.empty());
+        ASSERT_TRUE(server_.ok());
+        handle_ = server_.open(plan_);
+        ASSERT_FALSE(handle_.empty());
+    }
+
+    static std::unique_ptr<TempDir> dir_;
+    static std::string plan_;
+    static std::string v1_;
+    Server server_;
+    std::string handle_;
+};
+
+std::unique_ptr<TempDir> Requests::dir_;
+std::string Requests::plan_;
+std::string Requests::v1_;
+
+TEST_F(Requests, WrongArgumentCountsGetNoReply) {
+    struct Case {
+        std::uint32_t type;
+        std::size_t args;
+    };
+    const Case cases[] = {{kCpus, 0},      {kCpus, 1},      {kCpus, 3},      {kSchedules, 2}, {kSchedules, 4},
+                          {kJobs, 3},      {kJobs, 5},      {kDependencies, 3}, {kDependencies, 5},
+                          {kSchedules, 0}, {kDependencies, 1}};
+    std::uint32_t id = 100;
+    for (const Case& c : cases) {
+        std::vector<std::string> args(c.args, "@");
+        if (!args.empty()) args[0] = handle_;
+        ASSERT_EQ(server_.client().send(c.type, id, args), ClientStatus::Ok);
+        EXPECT_TRUE(server_.nextIsNop(id + 1)) << "type " << c.type << " with " << c.args << " arguments";
+        id += 2;
+    }
+}
+
+TEST_F(Requests, EmptyFourthArgumentIsLostAndGetsNoReply) {
+    for (std::uint32_t type : {kJobs, kDependencies}) {
+        ASSERT_EQ(server_.client().send(type, 200 + type, {handle_, "@", "@", ""}), ClientStatus::Ok);
+        EXPECT_TRUE(server_.nextIsNop(300 + type)) << "type " << type;
+    }
+    // An empty pattern that does arrive matches everything.
+    Reply r;
+    ASSERT_EQ(server_.ask(kJobs, 400, {handle_, "", "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 400, 5);
+}
+
+TEST_F(Requests, UnknownOrClosedHandlesGetEmptyReplies) {
+    const std::string other = server_.open(plan_);
+    ASSERT_FALSE(other.empty());
+    Reply closed;
+    ASSERT_EQ(server_.ask(kClose, 50, {other}, closed), ClientStatus::Ok);
+    std::uint32_t id = 500;
+    for (const std::string& h : {std::string("999999"), std::string("junk"), std::string("-1"), other}) {
+        Reply r;
+        ASSERT_EQ(server_.ask(kCpus, id, {h, "@"}, r), ClientStatus::Ok);
+        expectRecordReply(r, id++, 0);
+        ASSERT_EQ(server_.ask(kSchedules, id, {h, "@", "@"}, r), ClientStatus::Ok);
+        expectRecordReply(r, id++, 0);
+        ASSERT_EQ(server_.ask(kJobs, id, {h, "@", "@", "@"}, r), ClientStatus::Ok);
+        expectRecordReply(r, id++, 0);
+        ASSERT_EQ(server_.ask(kDependencies, id, {h, "@", "@", "@"}, r), ClientStatus::Ok);
+        expectRecordReply(r, id++, 0);
+    }
+}
+
+TEST_F(Requests, NothingMatchingGivesCountZero) {
+    Reply r;
+    ASSERT_EQ(server_.ask(kCpus, 60, {handle_, "NOPE"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 60, 0);
+    ASSERT_EQ(server_.ask(kSchedules, 61, {handle_, "A1", "NOPE"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 61, 0);
+    ASSERT_EQ(server_.ask(kJobs, 62, {handle_, "@", "@", "NOPE"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 62, 0);
+    ASSERT_EQ(server_.ask(kJobs, 63, {handle_, "B1", "S7", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 63, 0);
+}
+
+TEST_F(Requests, PatternsAndSearchOrder) {
+    Reply r;
+    ASSERT_EQ(server_.ask(kCpus, 70, {handle_, "A@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 70, 2);
+    EXPECT_EQ(names(r, 16, 16), (std::vector<std::string>{"A1", "A2"}));
+    ASSERT_EQ(server_.ask(kCpus, 71, {handle_, "?1"}, r), ClientStatus::Ok);
+    EXPECT_EQ(names(r, 16, 16), (std::vector<std::string>{"A1", "B1"}));
+    ASSERT_EQ(server_.ask(kCpus, 72, {handle_, "@%"}, r), ClientStatus::Ok);
+    EXPECT_EQ(names(r, 16, 16), (std::vector<std::string>{"A1", "A2", "B1"}));
+
+    ASSERT_EQ(server_.ask(kSchedules, 73, {handle_, "@", "DAILY"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 73, 2);
+    EXPECT_EQ(names(r, 16, 16), (std::vector<std::string>{"A1", "A2"}));
+
+    ASSERT_EQ(server_.ask(kJobs, 74, {handle_, "A1", "@", "LOAD@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 74, 3);
+    EXPECT_EQ(names(r, 32, 40), (std::vector<std::string>{"LOAD", "LOAD2", "LOAD"}));
+    EXPECT_EQ(names(r, 74, 16), (std::vector<std::string>{"DAILY", "DAILY", "WEEKLY"}));
+
+    ASSERT_EQ(server_.ask(kJobs, 75, {handle_, "@", "@", "@"}, r), ClientStatus::Ok);
+    EXPECT_EQ(names(r, 32, 40), (std::vector<std::string>{"LOAD", "LOAD2", "REPORT", "LOAD", "EXTRACT"}));
+}
+
+TEST_F(Requests, VersionZeroPlanThroughTheSameQueries) {
+    const std::string old = server_.open(v1_);
+    ASSERT_FALSE(old.empty());
+    Delivered d(v1_);
+    ASSERT_TRUE(d.ok());
+
+    Reply r;
+    const std::vector<SCI_RECTYPE> cpus = d.cpus();
+    ASSERT_EQ(server_.ask(kCpus, 80, {old, "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 80, 4);
+    ASSERT_EQ(cpus.size(), 4u);
+    for (std::size_t i = 0; i < cpus.size(); ++i) EXPECT_EQ(bytesOf(r.record(i), 512), expectedWire(&cpus[i], cpuForms()));
+
+    const std::vector<SS_RECTYPE> scheds = d.schedules();
+    ASSERT_EQ(server_.ask(kSchedules, 81, {old, "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 81, 4);
+    ASSERT_EQ(scheds.size(), 4u);
+    for (std::size_t i = 0; i < scheds.size(); ++i)
+        EXPECT_EQ(bytesOf(r.record(i), 512), expectedWire(&scheds[i], scheduleForms()));
+
+    const std::vector<SJ_RECTYPE> jobs = d.jobs();
+    ASSERT_EQ(server_.ask(kJobs, 82, {old, "@", "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 82, 5);
+    ASSERT_EQ(jobs.size(), 5u);
+    for (std::size_t i = 0; i < jobs.size(); ++i) EXPECT_EQ(bytesOf(r.record(i), 512), expectedWire(&jobs[i], jobForms()));
+    // Widened names: eight characters, then blanks.
+    EXPECT_EQ(nameAt(r.record(4), 32, 40), "EXTRACT");
+
+    ASSERT_EQ(server_.ask(kDependencies, 83, {old, "A1", "WEEKLY", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 83, 2);
+}
+
+}  // namespace
+}  // namespace alm::qtest
