@@ -1,0 +1,216 @@
+#include "files/home.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+extern char** environ;
+
+namespace alm::filestest {
+
+namespace fs = std::filesystem;
+
+TempHome::TempHome() {
+    char tmpl[] = "/tmp/almfilesXXXXXX";
+    if (mkdtemp(tmpl) == nullptr) return;
+    path_ = tmpl;
+    std::error_code ec;
+    fs::create_directories(file("bin"), ec);
+    fs::create_directories(file("catalog/C"), ec);
+    fs::create_directories(file("plans"), ec);
+    fs::create_directories(file("schedlog"), ec);
+    fs::copy_file(ALM_BUILD_DIR "/bin/almread", server(), ec);
+    if (ec) return;
+    for (const auto& e : fs::directory_iterator(ALM_BUILD_DIR "/catalog/C", ec)) {
+        fs::copy_file(e.path(), file("catalog/C/" + e.path().filename().string()), ec);
+        if (ec) return;
+    }
+    ok_ = !ec;
+}
+
+TempHome::~TempHome() {
+    if (path_.empty()) return;
+    std::error_code ec;
+    fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, ec);
+    fs::remove_all(path_, ec);
+}
+
+bool TempHome::touch(const std::string& rel) const {
+    const int fd = ::open(file(rel).c_str(), O_CREAT | O_WRONLY, 0644);
+    if (fd < 0) return false;
+    ::close(fd);
+    return true;
+}
+
+namespace {
+
+bool runQuiet(const std::vector<std::string>& args) {
+    std::vector<char*> argv;
+    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    pid_t pid = -1;
+    const int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (rc != 0) return false;
+    int status = 0;
+    while (waitpid(pid, &status, 0) < 0) {
+        if (errno != EINTR) return false;
+    }
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+const std::string kAlmplan = ALM_BUILD_DIR "/bin/almplan";
+
+}  // namespace
+
+bool buildPlan(const std::string& description, const std::string& out, bool v1) {
+    const std::string desc = out + ".desc";
+    {
+        std::ofstream f(desc);
+        f << description;
+        if (!f) return false;
+    }
+    std::vector<std::string> args{kAlmplan, "build"};
+    if (v1) args.push_back("--v1");
+    args.push_back(desc);
+    args.push_back(out);
+    const bool ok = runQuiet(args);
+    std::remove(desc.c_str());
+    return ok;
+}
+
+bool synthPlan(const std::string& out, int cpus, int scheds, int jobs) {
+    return runQuiet({kAlmplan, "synth", "--cpus", std::to_string(cpus), "--scheds",
+                     std::to_string(scheds), "--jobs", std::to_string(jobs), out});
+}
+
+std::string catalogText(const std::string& source, int set, int number,
+                        const std::vector<std::string>& args) {
+    std::ifstream in(source);
+    std::string line;
+    int current = 0;
+    while (std::getline(in, line)) {
+        if (line.rfind("$set ", 0) == 0) {
+            current = std::atoi(line.c_str() + 5);
+            continue;
+        }
+        if (current != set || line.empty() || line[0] == '$') continue;
+        std::istringstream words(line);
+        int n = -1;
+        if (!(words >> n) || n != number) continue;
+        std::string text = line.substr(line.find(' ') + 1);
+        std::string out;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (text[i] == '!' && i + 1 < text.size() && text[i + 1] >= '1' && text[i + 1] <= '9') {
+                const auto k = static_cast<std::size_t>(text[i + 1] - '1');
+                if (k < args.size()) out += args[k];
+                ++i;
+            } else {
+                out += text[i];
+            }
+        }
+        return out;
+    }
+    return {};
+}
+
+LockHolder::LockHolder(const std::string& path, short type, off_t start, off_t length) {
+    int ready[2];
+    int release[2];
+    if (pipe(ready) != 0) return;
+    if (pipe(release) != 0) {
+        close(ready[0]);
+        close(ready[1]);
+        return;
+    }
+    pid_ = fork();
+    if (pid_ == 0) {
+        close(ready[0]);
+        close(release[1]);
+        char ok = 0;
+        const int fd = ::open(path.c_str(), type == F_WRLCK ? O_RDWR : O_RDONLY);
+        struct flock fl {};
+        fl.l_type = type;
+        fl.l_whence = SEEK_SET;
+        fl.l_start = start;
+        fl.l_len = length;
+        if (fd >= 0 && fcntl(fd, F_SETLK, &fl) == 0) ok = 1;
+        if (write(ready[1], &ok, 1) != 1) _exit(2);
+        char c;
+        while (read(release[0], &c, 1) > 0) {
+        }
+        _exit(0);
+    }
+    close(ready[1]);
+    close(release[0]);
+    release_ = release[1];
+    char ok = 0;
+    holding_ = pid_ > 0 && read(ready[0], &ok, 1) == 1 && ok == 1;
+    close(ready[0]);
+}
+
+LockHolder::~LockHolder() {
+    if (release_ >= 0) close(release_);
+    if (pid_ > 0) {
+        while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) {
+        }
+    }
+}
+
+LockInfo probeLock(const std::string& path, off_t start, off_t length) {
+    int answer[2];
+    LockInfo info;
+    if (pipe(answer) != 0) return info;
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close(answer[0]);
+        LockInfo found;
+        const int fd = ::open(path.c_str(), O_RDWR);
+        struct flock fl {};
+        fl.l_type = F_WRLCK;
+        fl.l_whence = SEEK_SET;
+        fl.l_start = start;
+        fl.l_len = length;
+        if (fd >= 0 && fcntl(fd, F_GETLK, &fl) == 0) {
+            found.type = fl.l_type;
+            found.pid = fl.l_type == F_UNLCK ? 0 : fl.l_pid;
+        }
+        const bool sent = write(answer[1], &found, sizeof found) == sizeof found;
+        _exit(sent ? 0 : 1);
+    }
+    close(answer[1]);
+    if (pid > 0 && read(answer[0], &info, sizeof info) != sizeof info) info = LockInfo{};
+    close(answer[0]);
+    if (pid > 0) {
+        while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+        }
+    }
+    return info;
+}
+
+bool startServer(AlmClient& client, const TempHome& home, const SpawnOptions& options) {
+    SpawnOptions opts = options;
+    // Messages from the home's C catalogs, whatever the caller's locale.
+    opts.extraEnv.push_back("LANG=C");
+    for (const std::string name : {"LC_ALL", "LC_MESSAGES", "NLSPATH", "COBALTHOME", "UNIDATESTRIP"}) {
+        bool given = false;
+        for (const auto& e : opts.extraEnv) given = given || e.rfind(name + "=", 0) == 0;
+        if (!given) opts.unsetEnv.push_back(name);
+    }
+    return client.start(home.server(), {}, opts) == ClientStatus::Ok &&
+           client.readGreeting(kWaitMs) == ClientStatus::Ok;
+}
+
+}  // namespace alm::filestest

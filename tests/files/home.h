@@ -1,0 +1,76 @@
+// A scratch installation for end-to-end tests: a home holding bin/almread
+// (a copy, so that the server finds this home), the compiled catalogs,
+// plans/ and schedlog/; plan files written by the built almplan; and other
+// processes that hold or inspect locks on a file.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "client/almclient.h"
+
+namespace alm::filestest {
+
+inline constexpr int kWaitMs = 20000;
+
+class TempHome {
+public:
+    TempHome();
+    ~TempHome();
+    TempHome(const TempHome&) = delete;
+    TempHome& operator=(const TempHome&) = delete;
+
+    bool ok() const { return ok_; }
+    const std::string& path() const { return path_; }
+    std::string file(const std::string& rel) const { return path_ + "/" + rel; }
+    std::string server() const { return file("bin/almread"); }
+    // Creates an empty file (and no directories).
+    bool touch(const std::string& rel) const;
+
+private:
+    std::string path_;
+    bool ok_ = false;
+};
+
+// Writes a plan with `almplan build [--v1] DESC OUT`; false on any failure.
+bool buildPlan(const std::string& description, const std::string& out, bool v1 = false);
+// `almplan synth --cpus C --scheds S --jobs J OUT`.
+bool synthPlan(const std::string& out, int cpus, int scheds, int jobs);
+
+// The text of message `number` of set `set` in a catalog source, with its
+// "!N" inserts replaced by args[N-1]; empty when not found.
+std::string catalogText(const std::string& source, int set, int number,
+                        const std::vector<std::string>& args);
+
+// A forked process holding an fcntl lock on a file until released.
+class LockHolder {
+public:
+    LockHolder(const std::string& path, short type, off_t start, off_t length);
+    ~LockHolder();
+    LockHolder(const LockHolder&) = delete;
+    LockHolder& operator=(const LockHolder&) = delete;
+
+    bool holding() const { return holding_; }
+    pid_t pid() const { return pid_; }
+
+private:
+    pid_t pid_ = -1;
+    int release_ = -1;
+    bool holding_ = false;
+};
+
+struct LockInfo {
+    short type = -1;  // F_UNLCK when nothing conflicts; -1 when the probe failed
+    pid_t pid = 0;
+};
+
+// Asks, from a separate process, which lock would block a write lock on
+// [start, start + length) of the file.
+LockInfo probeLock(const std::string& path, off_t start, off_t length);
+
+// Starts the server of `home` and reads its greeting.
+bool startServer(AlmClient& client, const TempHome& home, const SpawnOptions& options = {});
+
+}  // namespace alm::filestest

@@ -1,0 +1,347 @@
+// End-to-end: opening and closing plans through the built almread.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "client/almclient.h"
+#include "files/home.h"
+
+namespace alm::filestest {
+namespace {
+
+#define ASSERT_OK(expr) ASSERT_EQ(clientStatusName(expr), std::string("Ok"))
+#define EXPECT_OK(expr) EXPECT_EQ(clientStatusName(expr), std::string("Ok"))
+
+const std::string kCatalog = ALM_SOURCE_DIR "/catalog/C/kestrel.msg";
+constexpr int kPlanMsgSet = 72;  // set 2072 of the scheduler's catalog
+
+std::string v2Description(const std::string& fence = "12") {
+    return "header\n"
+           "set sh_cpu_id THISCPU\n"
+           "set sh_mast_cpu \"MASTER-OF-ALL-16\"\n"
+           "set sh_sched_date 2026-11-22\n"
+           "set sh_day_start 600\n"
+           "set sh_job_fence " + fence + "\n"
+           "workstation THISCPU\n"
+           "workstation MASTER-OF-ALL-16\n";
+}
+
+const char* const kV1Description =
+    "header\n"
+    "set sh_cpu_id CPU1\n"
+    "set sh_mast_cpu MASTER01\n"
+    "set sh_sched_date 1999-01-02\n"
+    "set sh_day_start -1\n"
+    "set sh_job_fence 0\n"
+    "workstation CPU1\n";
+
+// Sends a request and reads its reply.
+std::vector<std::string> ask(AlmClient& c, std::uint32_t type, std::uint32_t id,
+                             const std::vector<std::string>& args, FrameHeader* header = nullptr) {
+    EXPECT_OK(c.send(type, id, args));
+    Reply r;
+    EXPECT_OK(c.readReply(r, kWaitMs));
+    EXPECT_EQ(r.header.id, id);
+    EXPECT_EQ(r.header.type, 0u);
+    if (header != nullptr) *header = r.header;
+    return r.strings();
+}
+
+std::vector<std::string> openPlan(AlmClient& c, const std::string& path, std::uint32_t id = 7) {
+    FrameHeader h;
+    auto items = ask(c, 2, id, {path}, &h);
+    EXPECT_EQ(h.numData, 9u);
+    EXPECT_EQ(h.dataType, 0u);
+    EXPECT_EQ(items.size(), 9u);
+    items.resize(9);
+    return items;
+}
+
+// Expects the next reply to answer a no-operation request with this id,
+// proving that nothing was written for the requests sent before it.
+void expectNopNext(AlmClient& c, std::uint32_t id) {
+    ASSERT_OK(c.send(0, id, {}));
+    Reply r;
+    ASSERT_OK(c.readReply(r, kWaitMs));
+    EXPECT_EQ(r.header.id, id);
+    EXPECT_EQ(r.header.size, 20u);
+    EXPECT_EQ(r.header.numData, 0u);
+}
+
+void expectCleanEnd(AlmClient& c) {
+    ASSERT_OK(c.closeInput());
+    std::string rest;
+    EXPECT_OK(c.readAll(rest, kWaitMs));
+    EXPECT_EQ(rest.size(), 0u);
+    int code = -1000;
+    ASSERT_OK(c.waitExit(code, kWaitMs));
+    EXPECT_EQ(code, 0);
+}
+
+bool isHandle(const std::string& s) {
+    if (s.empty() || s[0] == '0') return false;
+    for (char ch : s)
+        if (ch < '0' || ch > '9') return false;
+    return s.size() <= 10;
+}
+
+class Files : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(home_.ok());
+        plan_ = home_.file("plans/current");
+        ASSERT_TRUE(buildPlan(v2Description(), plan_));
+        ASSERT_TRUE(startServer(client_, home_));
+    }
+    TempHome home_;
+    std::string plan_;
+    AlmClient client_;
+};
+
+TEST_F(Files, OpenRepliesWithTheHeaderOfAV2Plan) {
+    FrameHeader h;
+    auto items = ask(client_, 2, 0xA1B2C3D4, {plan_}, &h);
+    ASSERT_EQ(items.size(), 9u);
+    EXPECT_EQ(h.numData, 9u);
+    EXPECT_EQ(h.dataType, 0u);
+    std::size_t body = 0;
+    for (const auto& s : items) body += s.size() + 1;
+    EXPECT_EQ(h.size, 20 + body);
+
+    EXPECT_EQ(items[0], "0");
+    EXPECT_EQ(items[1], "");
+    EXPECT_TRUE(isHandle(items[2])) << items[2];
+    EXPECT_EQ(items[3], "20261122");
+    EXPECT_EQ(items[4], "600");
+    EXPECT_EQ(items[5], "THISCPU");
+    EXPECT_EQ(items[6], "MASTER-OF-ALL-16");
+    EXPECT_EQ(items[7], "12");
+    EXPECT_EQ(items[8], "1");
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, OpenRepliesWithTheHeaderOfAV1Plan) {
+    const std::string v1 = home_.file("plans/old");
+    ASSERT_TRUE(buildPlan(kV1Description, v1, true));
+    auto items = openPlan(client_, v1);
+    EXPECT_EQ(items[0], "0");
+    EXPECT_EQ(items[1], "");
+    EXPECT_TRUE(isHandle(items[2]));
+    EXPECT_EQ(items[3], "19990102");
+    EXPECT_EQ(items[4], "-1");
+    EXPECT_EQ(items[5], "CPU1");
+    EXPECT_EQ(items[6], "MASTER01");
+    EXPECT_EQ(items[7], "0");
+    EXPECT_EQ(items[8], "0");
+    // A V2 plan opened afterwards gets its full 16-character names again.
+    EXPECT_EQ(openPlan(client_, plan_)[6], "MASTER-OF-ALL-16");
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, PlanDateDropsItsCenturyOnlyWhenAskedTo) {
+    const std::string v1 = home_.file("plans/old");
+    ASSERT_TRUE(buildPlan(kV1Description, v1, true));
+    const struct {
+        const char* env;
+        const char* v2date;
+        const char* v1date;
+    } cases[] = {{"UNIDATESTRIP=0", "261122", "990102"},
+                 {"UNIDATESTRIP=1", "20261122", "19990102"},
+                 {nullptr, "20261122", "19990102"}};
+    for (const auto& k : cases) {
+        AlmClient c;
+        SpawnOptions opts;
+        if (k.env != nullptr) opts.extraEnv.push_back(k.env);
+        ASSERT_TRUE(startServer(c, home_, opts));
+        EXPECT_EQ(openPlan(c, plan_)[3], k.v2date) << (k.env ? k.env : "unset");
+        EXPECT_EQ(openPlan(c, v1)[3], k.v1date) << (k.env ? k.env : "unset");
+        expectCleanEnd(c);
+    }
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, FenceIsCutToFourCharacterField) {
+    const struct {
+        const char* fence;
+        const char* shown;
+    } cases[] = {{"0", "0"}, {"999", "999"}, {"1234", "123"}, {"-99", "-99"},
+                 {"-123", "-12"}, {"32767", "327"}};
+    int n = 0;
+    for (const auto& k : cases) {
+        const std::string p = home_.file("plans/fence" + std::to_string(n++));
+        ASSERT_TRUE(buildPlan(v2Description(k.fence), p)) << k.fence;
+        EXPECT_EQ(openPlan(client_, p)[7], k.shown) << k.fence;
+    }
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, MissingFileAnswersCode35WithTheCatalogText) {
+    const std::string missing = home_.file("plans/nothere");
+    auto items = openPlan(client_, missing);
+    const std::vector<std::string> rest(items.begin() + 2, items.end());
+    EXPECT_EQ(items[0], "35");
+    const std::string text = catalogText(kCatalog, kPlanMsgSet, 35, {missing, "2"});
+    ASSERT_FALSE(text.empty());
+    EXPECT_NE(items[1].find(text), std::string::npos) << items[1];
+    EXPECT_EQ(rest, (std::vector<std::string>{"0", "0", "0", "", "", "0", "0"}));
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, LockedFileAnswersCode2AndOpensOnceReleased) {
+    {
+        LockHolder holder(plan_, F_WRLCK, 0, 0);
+        ASSERT_TRUE(holder.holding());
+        auto items = openPlan(client_, plan_);
+        EXPECT_EQ(items[0], "2");
+        const std::string text = catalogText(kCatalog, kPlanMsgSet, 2, {plan_, "", "", "", ""});
+        const std::string head = text.substr(0, text.find(" at record"));
+        ASSERT_FALSE(head.empty());
+        EXPECT_NE(items[1].find(head), std::string::npos) << items[1];
+        EXPECT_EQ(std::vector<std::string>(items.begin() + 2, items.end()),
+                  (std::vector<std::string>{"0", "0", "0", "", "", "0", "0"}));
+    }
+    auto items = openPlan(client_, plan_);
+    EXPECT_EQ(items[0], "0");
+    EXPECT_TRUE(isHandle(items[2]));
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, RelativePathsAreTakenUnderTheHome) {
+    // The server's working directory holds a plans/ of its own; relative
+    // paths must not see it.
+    TempHome elsewhere;
+    ASSERT_TRUE(elsewhere.ok());
+    ASSERT_TRUE(buildPlan(v2Description(), elsewhere.file("plans/onlyhere")));
+    AlmClient c;
+    SpawnOptions opts;
+    opts.workDir = elsewhere.path();
+    ASSERT_TRUE(startServer(c, home_, opts));
+
+    auto items = openPlan(c, "plans/current");
+    EXPECT_EQ(items[0], "0");
+    EXPECT_EQ(items[5], "THISCPU");
+    items = openPlan(c, "plans/onlyhere");
+    EXPECT_EQ(items[0], "35");
+    EXPECT_NE(items[1].find(home_.file("plans/onlyhere")), std::string::npos) << items[1];
+    // Trailing blanks are dropped before the path is used.
+    EXPECT_EQ(openPlan(c, "plans/current  ")[0], "0");
+    // An absolute path is used as it stands.
+    EXPECT_EQ(openPlan(c, elsewhere.file("plans/onlyhere"))[0], "0");
+    expectCleanEnd(c);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, TwoOpensOfOneFileGiveTwoHandles) {
+    const auto a = openPlan(client_, plan_, 1);
+    const auto b = openPlan(client_, plan_, 2);
+    ASSERT_EQ(a[0], "0");
+    ASSERT_EQ(b[0], "0");
+    EXPECT_NE(a[2], b[2]);
+    // Closing one leaves the other open.
+    EXPECT_EQ(ask(client_, 3, 3, {a[2]}).size(), 0u);
+    FrameHeader h;
+    ask(client_, 8, 4, {b[2], "@"}, &h);
+    EXPECT_EQ(h.numData, 2u);
+    EXPECT_EQ(ask(client_, 3, 5, {b[2]}).size(), 0u);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, CloseReplyIsExactly24Bytes) {
+    const auto handle = openPlan(client_, plan_)[2];
+    ASSERT_OK(client_.send(3, 0x01020304, {handle}));
+    std::string bytes(24, '\xff');
+    std::size_t got = 0;
+    ASSERT_OK(client_.readExact(bytes.data(), bytes.size(), kWaitMs, &got));
+    EXPECT_EQ(bytes, std::string("\0\0\0\x14\0\0\0\0\x01\x02\x03\x04", 12) + std::string(12, '\0'));
+    expectNopNext(client_, 99);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, CloseOfAHandleThatNamesNoPlanGetsNoReply) {
+    const auto handle = openPlan(client_, plan_)[2];
+    const long h = std::stol(handle);
+    for (const std::string& bad : {std::string("0"), std::string(""), std::string("abc"),
+                                   std::string("-1"), std::to_string(h + 1),
+                                   std::string("99999999999999999999999"), std::string(" ")}) {
+        ASSERT_OK(client_.send(3, 50, {bad}));
+    }
+    expectNopNext(client_, 51);
+    // The handle is read as atol reads it: blanks, a sign, trailing rubbish.
+    EXPECT_EQ(ask(client_, 3, 52, {"  +" + handle + "xyz"}).size(), 0u);
+    ASSERT_OK(client_.send(3, 53, {handle}));  // already closed
+    expectNopNext(client_, 54);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, HandlesAreNeverReused) {
+    std::vector<std::string> seen;
+    for (int i = 0; i < 5; ++i) {
+        const auto handle = openPlan(client_, plan_)[2];
+        ASSERT_TRUE(isHandle(handle));
+        for (const auto& s : seen) EXPECT_NE(s, handle);
+        seen.push_back(handle);
+        EXPECT_EQ(ask(client_, 3, 60, {handle}).size(), 0u);
+    }
+    // A failed open consumes nothing and hands out nothing.
+    EXPECT_EQ(openPlan(client_, home_.file("plans/nothere"))[2], "0");
+    ASSERT_OK(client_.send(3, 61, {seen.front()}));
+    expectNopNext(client_, 62);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, PathsLongerThan1024CharactersGetNoReply) {
+    std::string path = "/";
+    while (path.size() < 1024) path += std::string(99, 'd') + "/";
+    path.resize(1024);
+    ASSERT_OK(client_.send(2, 70, {path + "x"}));
+    expectNopNext(client_, 71);
+    // Exactly 1024 is still served.
+    const auto items = openPlan(client_, path, 72);
+    EXPECT_EQ(items[0], "35");
+    EXPECT_EQ(items[2], "0");
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, PresenceLockFollowsOpenAndClose) {
+    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
+    const auto handle = openPlan(client_, plan_)[2];
+    const LockInfo held = probeLock(plan_, 0, 1);
+    EXPECT_EQ(held.type, F_RDLCK);
+    EXPECT_EQ(held.pid, client_.pid());
+    ask(client_, 3, 80, {handle});
+    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, PlansStillOpenAtEndOfInputAreClosed) {
+    const std::string other = home_.file("plans/other");
+    ASSERT_TRUE(buildPlan(v2Description(), other));
+    ASSERT_EQ(openPlan(client_, plan_)[0], "0");
+    ASSERT_EQ(openPlan(client_, other)[0], "0");
+    ASSERT_EQ(openPlan(client_, plan_)[0], "0");
+    EXPECT_EQ(probeLock(plan_, 0, 1).pid, client_.pid());
+    EXPECT_EQ(probeLock(other, 0, 1).pid, client_.pid());
+    expectCleanEnd(client_);
+    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
+    EXPECT_EQ(probeLock(other, 0, 1).type, F_UNLCK);
+}
+
+TEST_F(Files, QueriesOnAnUnknownHandleFindNothing) {
+    const auto handle = openPlan(client_, plan_)[2];
+    FrameHeader h;
+    ask(client_, 8, 90, {handle, "@"}, &h);
+    EXPECT_EQ(h.numData, 2u);
+    ask(client_, 3, 91, {handle});
+    ask(client_, 8, 92, {handle, "@"}, &h);
+    EXPECT_EQ(h.numData, 0u);
+    EXPECT_EQ(h.size, 20u);
+    expectCleanEnd(client_);
+}
+
+}  // namespace
+}  // namespace alm::filestest
