@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 #include <string_view>
 
 #include "jobstates.h"
@@ -238,17 +239,15 @@ bool Builder::link_all() {
     // Domain chain: workstations of one domain together, domains in order
     // of first appearance.
     const auto& cpus = by_kind_[static_cast<int>(RecKind::Cpu)];
-    std::vector<std::string_view> domains;
+    std::map<std::string_view, std::size_t> domain_of;  // name -> index in `domains`
+    std::vector<std::vector<std::size_t>> domains;
     for (std::size_t c : cpus) {
-        const std::string_view dom = text_of(d_.entities[c], "sci_domain_name");
-        if (std::find(domains.begin(), domains.end(), dom) == domains.end()) domains.push_back(dom);
+        const auto [it, fresh] = domain_of.emplace(text_of(d_.entities[c], "sci_domain_name"), domains.size());
+        if (fresh) domains.emplace_back();
+        domains[it->second].push_back(c);
     }
     std::vector<std::size_t> domain_chain;
-    for (std::string_view dom : domains) {
-        for (std::size_t c : cpus) {
-            if (text_of(d_.entities[c], "sci_domain_name") == dom) domain_chain.push_back(c);
-        }
-    }
+    for (const auto& members : domains) domain_chain.insert(domain_chain.end(), members.begin(), members.end());
     if (!link_chain(header(), domain_chain, kDomainChain) ||
         !fill(header(), "sh_num_domains", static_cast<std::int64_t>(domains.size()))) {
         return false;

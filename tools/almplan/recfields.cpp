@@ -312,7 +312,7 @@ std::int64_t load_number(const unsigned char* rec, const FieldDesc& f, int index
 void store_text(unsigned char* rec, const FieldDesc& f, std::string_view text) {
     unsigned char* p = rec + f.offset;
     const std::size_t n = text.size() < f.width ? text.size() : f.width;
-    std::memcpy(p, text.data(), n);
+    if (n > 0) std::memcpy(p, text.data(), n);  // an empty view may have no data
     std::memset(p + n, ' ', f.width - n);
 }
 

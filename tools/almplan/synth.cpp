@@ -30,7 +30,7 @@ void put32(ALMRECTYPE& r, std::size_t off, std::int64_t v) {
 }
 void put_text(ALMRECTYPE& r, std::size_t off, std::size_t width, std::string_view s) {
     const std::size_t n = std::min(s.size(), width);
-    std::memcpy(r.bytes + off, s.data(), n);
+    if (n > 0) std::memcpy(r.bytes + off, s.data(), n);
     std::memset(r.bytes + off + n, ' ', width - n);
 }
 #define PUT_TEXT(rec, S, m, text) put_text(rec, offsetof(S, m), sizeof(S::m), text)
