@@ -3,15 +3,21 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 
 #include "service/files.h"
 #include "service/read.h"
 #include "service/write.h"
+#include "util/stdfuncs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static std::FILE* sink = [] {
         std::FILE* f = std::fopen("/dev/null", "w");
         alm::readerSetOutput(f);
+        // Relative plan paths land in an empty home of the fuzzer's own.
+        char home[] = "/tmp/almfuzz.XXXXXX";
+        if (mkdtemp(home)) std::snprintf(alm::QUAL_HOMEDIR, sizeof alm::QUAL_HOMEDIR, "%s", home);
+        alm::setUseQualHome(1);
         return f;
     }();
     if (!sink || size == 0) return 0;
