@@ -1,0 +1,70 @@
+// One session with a server: start it, check its greeting, exchange
+// requests and replies with increasing ids, and stop it. Every failure comes
+// back as a one-line text; nothing is printed here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "client/almclient.h"
+
+namespace alm {
+
+// Request types of the protocol.
+enum RequestType : std::uint32_t {
+    REQ_NOP = 0,
+    REQ_EXIT = 1,
+    REQ_OPEN = 2,
+    REQ_CLOSE = 3,
+    REQ_LOGS = 4,
+    REQ_SCHEDULES = 5,
+    REQ_JOBS = 6,
+    REQ_DEPENDENCIES = 7,
+    REQ_WORKSTATIONS = 8,
+};
+
+// A reply frame exactly as its bytes arrived, with the request it answers.
+struct ReceivedFrame {
+    std::uint32_t requestType = 0;
+    std::uint32_t requestId = 0;
+    std::string bytes;
+};
+
+// The dependency reply: its header and the records that actually followed,
+// which may be fewer than the header announces.
+struct StreamedReply {
+    FrameHeader header;
+    std::vector<unsigned char> records;  // record i at i * 512
+    std::size_t count() const { return records.size() / 512; }
+    const unsigned char* record(std::size_t i) const { return records.data() + i * 512; }
+};
+
+class ServerLink {
+public:
+    explicit ServerLink(int timeoutMs) : timeoutMs_(timeoutMs) {}
+
+    bool start(const std::string& server, std::string& error);
+    // Sends one request and reads its reply, which must carry the request's id.
+    bool call(std::uint32_t type, const std::vector<std::string>& args, Reply& reply, std::string& error);
+    bool callStreamed(const std::vector<std::string>& args, StreamedReply& reply, std::string& error);
+    // Ends the session: closes the server's input and waits for its exit.
+    bool finish(std::string& error);
+
+    void keepFrames(bool on) { keepFrames_ = on; }
+    const std::vector<ReceivedFrame>& frames() const { return frames_; }
+
+private:
+    std::string describe(ClientStatus st, const char* what);
+    bool checkId(const FrameHeader& h, std::uint32_t id, std::string& error);
+    void keep(std::uint32_t type, std::uint32_t id, std::string bytes);
+
+    AlmClient client_;
+    std::string server_;
+    int timeoutMs_;
+    std::uint32_t nextId_ = 1;
+    bool keepFrames_ = false;
+    std::vector<ReceivedFrame> frames_;
+};
+
+}  // namespace alm
