@@ -165,6 +165,18 @@ TEST_F(WriteTest, RedirectedStreams) {
     EXPECT_EQ(r.err, "");
 }
 
+TEST_F(WriteTest, SystemLogCopiesLeaveTheStreamsAlone) {
+    RunResult r = run([] {
+        issuemsg_state()->syslog = 8;  // user facility
+        issuemsg(IM_SYSLOG | IM_ERROR, 2005, 3, MSG_END);
+        issuemsg(IM_SYSLOG2 | IM_WARN, 2005, 3, MSG_END);
+        issuemsg_state()->level = -2;
+        issuemsg(IM_SYSLOG2 | IM_SYSLOG_FORCE, 2005, 3, MSG_END);
+    });
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "QFR20050003E Plain text\nQFR20050003W Plain text\nQFR20050003I Plain text\n");
+}
+
 TEST_F(WriteTest, FatalMessagesEndTheProcess) {
     RunResult r = run([] {
         issuemsg(IM_FATAL, 2005, 3, MSG_END);
