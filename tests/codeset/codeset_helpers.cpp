@@ -91,9 +91,17 @@ std::optional<std::string> iconv_convert(const char* from, const char* to, const
                                          bool* incomplete) {
     if (incomplete != nullptr) *incomplete = false;
     // One descriptor per pair, kept for the process.
-    static std::map<std::pair<std::string, std::string>, iconv_t> cds;
-    iconv_t& cd = cds[{from, to}];
-    if (cd == nullptr) cd = iconv_open(to, from);
+    struct Cache {
+        std::map<std::pair<std::string, std::string>, iconv_t> cds;
+        ~Cache() {
+            for (auto& [names, cd] : cds)
+                if (cd != reinterpret_cast<iconv_t>(-1)) iconv_close(cd);
+        }
+    };
+    static Cache cache;
+    auto [it, fresh] = cache.cds.try_emplace({from, to}, nullptr);
+    if (fresh) it->second = iconv_open(to, from);
+    iconv_t cd = it->second;
     if (cd == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
     iconv(cd, nullptr, nullptr, nullptr, nullptr);
     std::vector<char> inbuf(in.begin(), in.end());
