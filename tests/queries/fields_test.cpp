@@ -107,6 +107,10 @@ protected:
         ASSERT_FALSE(handle_.empty());
         ASSERT_TRUE(delivered_.ok());
     }
+    void TearDown() override {
+        std::string err;
+        EXPECT_EQ(server_.finish(&err), 0) << err;
+    }
 
     static std::unique_ptr<TempDir> dir_;
     static std::string plan_;

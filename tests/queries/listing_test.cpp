@@ -109,6 +109,10 @@ protected:
         handle_ = server_.open(plan_);
         ASSERT_FALSE(handle_.empty());
     }
+    void TearDown() override {
+        std::string err;
+        EXPECT_EQ(server_.finish(&err), 0) << err;
+    }
 
     static std::unique_ptr<TempDir> dir_;
     static std::string plan_;

@@ -110,6 +110,7 @@ Server::Server() {
     useUtc();
     SpawnOptions options;
     options.extraEnv = {"TZ=UTC"};
+    options.captureStderr = true;
     ok_ = client_.start(serverHome() + "/bin/almread", {}, options) == ClientStatus::Ok &&
           client_.readGreeting(kWaitMs) == ClientStatus::Ok;
 }
@@ -136,6 +137,18 @@ bool Server::nextIsNop(std::uint32_t id) {
     FrameHeader h;
     if (client_.readHeader(h, kWaitMs) != ClientStatus::Ok) return false;
     return h.size == 20 && h.type == 0 && h.id == id && h.numData == 0 && h.dataType == 0;
+}
+
+int Server::finish(std::string* err) {
+    client_.closeInput();
+    std::string rest;
+    client_.readAll(rest, kWaitMs);
+    std::string stderrText;
+    client_.readStderr(stderrText, kWaitMs);
+    if (err) *err = stderrText;
+    int code = -1000;
+    if (client_.waitExit(code, kWaitMs) != ClientStatus::Ok) return -1000;
+    return code;
 }
 
 Delivered::Delivered(const std::string& path) {

@@ -76,6 +76,10 @@ public:
     // True when the next thing on the output is the reply to a no-operation
     // with this id (so nothing was written for the requests before it).
     bool nextIsNop(std::uint32_t id);
+    // Ends the input and waits for the server to exit: its status (0 when it
+    // ended cleanly, leak checks included), with what it wrote on standard
+    // error in *err.
+    int finish(std::string* err = nullptr);
 
 private:
     AlmClient client_;
