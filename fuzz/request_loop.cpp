@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include <unistd.h>
+
 #include "service/files.h"
 #include "service/read.h"
 #include "service/write.h"
@@ -15,8 +17,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::FILE* f = std::fopen("/dev/null", "w");
         alm::readerSetOutput(f);
         // Relative plan paths land in an empty home of the fuzzer's own.
-        char home[] = "/tmp/almfuzz.XXXXXX";
-        if (mkdtemp(home)) std::snprintf(alm::QUAL_HOMEDIR, sizeof alm::QUAL_HOMEDIR, "%s", home);
+        static char home[] = "/tmp/almfuzz.XXXXXX";
+        if (mkdtemp(home)) {
+            std::snprintf(alm::QUAL_HOMEDIR, sizeof alm::QUAL_HOMEDIR, "%s", home);
+            std::atexit([] { rmdir(home); });
+        }
         alm::setUseQualHome(1);
         return f;
     }();
