@@ -81,6 +81,20 @@ struct alm_walk {
     std::int64_t steps = 0;
 };
 
+// A job walk also remembers where it stands, so that a call continuing from
+// the cursor it handed out (with the same workstation and schedule patterns)
+// reads only the records it moves over: the next schedule to visit, and
+// whether cursor_out lies in the job chain of a qualifying schedule.
+struct alm_job_walk : alm_walk {
+    bool valid = false;
+    bool in_chain = false;
+    std::uint32_t next_sched = 0;
+    char cpu[16] = {};
+    char sched[16] = {};
+    int cpu_len = -1;
+    int sched_len = -1;
+};
+
 struct alm_comarea {
     std::int32_t magic_num = 0;
     const char* filename = nullptr;
@@ -110,7 +124,7 @@ struct alm_comarea {
     // inside a schedule walk) do not restart each other.
     alm_walk cpu_walk;
     alm_walk sched_walk;
-    alm_walk job_walk;
+    alm_job_walk job_walk;
 
     // Storage behind sh_rec and filename unless the caller's are kept.
     std::unique_ptr<SH_RECTYPE> own_sh_rec;

@@ -177,13 +177,39 @@ std::uint32_t find_sched(alm_comarea* ca, const char* cpu, const char* sched, st
     return NULL_REC;
 }
 
+bool same_pattern(const char* kept, int kept_len, const Pattern& p) {
+    return kept_len == p.len && (p.len == 0 || std::memcmp(kept, p.text, static_cast<std::size_t>(p.len)) == 0);
+}
+
+void keep_pattern(char* kept, int& kept_len, const Pattern& p) {
+    kept_len = p.len;
+    if (p.len > 0) std::memcpy(kept, p.text, static_cast<std::size_t>(p.len));
+}
+
+// Whether start continues the walk the last job lookup left behind.
+bool continues(const alm_job_walk& walk, std::uint32_t start, const SchedQuery& q) {
+    return walk.valid && start != 0 && start == walk.cursor_out && same_pattern(walk.cpu, walk.cpu_len, q.cpu) &&
+           same_pattern(walk.sched, walk.sched_len, q.sched);
+}
+
+void remember(alm_job_walk& walk, const SchedQuery& q, std::uint32_t next_sched, bool in_chain) {
+    static_assert(sizeof walk.cpu >= 16 && sizeof walk.sched >= 16);
+    walk.valid = true;
+    walk.in_chain = in_chain;
+    walk.next_sched = next_sched;
+    keep_pattern(walk.cpu, walk.cpu_len, q.cpu);
+    keep_pattern(walk.sched, walk.sched_len, q.sched);
+}
+
 std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, const char* job, std::uint32_t& start,
                        SJ_RECTYPE* sj) {
     const NameWidths w = widths(ca);
     SchedQuery q{prepare(cpu, w.cpu), prepare(sched, w.sched), false, w};
     q.cpu_is_pattern = holds_wildcard(ca, q.cpu);
     const Pattern jp = prepare(job, w.job);
-    alm_walk& walk = ca->job_walk;
+    alm_job_walk& walk = ca->job_walk;
+    const bool resumed = continues(walk, start, q);
+    walk.valid = false;
 
     if (start == 0) {
         if (!first_of_chain(ca, &SH_RECTYPE::sh_first_sched, start)) return NULL_REC;
@@ -198,15 +224,17 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
     }
 
     // The cursor is either a schedule still to visit or a job inside the
-    // chain of the schedule being visited.
-    ALMRECTYPE rec;
-    if (alm_read(ca, start, &rec) < 0) {
-        start = NULL_REC;
-        return NULL_REC;
-    }
+    // chain of the schedule being visited; a continued walk knows which.
     std::uint32_t next_sched = start;
     bool qualifies = false;
-    if (rec.alm_rec_type == SJ_CODE) {
+    ALMRECTYPE rec;
+    if (resumed) {
+        next_sched = walk.next_sched;
+        qualifies = walk.in_chain;
+    } else if (alm_read(ca, start, &rec) < 0) {
+        start = NULL_REC;
+        return NULL_REC;
+    } else if (rec.alm_rec_type == SJ_CODE) {
         SS_RECTYPE ss;
         if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
             not_found(ca, SS_CODE);
@@ -230,7 +258,9 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
             }
             start = link(sj->sj_next_job_ptr);
             if (matches(ca, sj->sj_job_name, w.job, jp)) {
-                if (start == NULL_REC) start = next_sched;
+                const bool in_chain = start != NULL_REC;
+                if (!in_chain) start = next_sched;
+                remember(walk, q, next_sched, in_chain);
                 return sj->sj_rec_num;
             }
         }

@@ -12,6 +12,11 @@
 // cursor 0 or a cursor other than the one it handed out last, so a walk
 // resumed call by call is bounded as a whole, and every single call is
 // bounded in any case.
+//
+// A job lookup called again with the cursor it handed out, and the same
+// workstation and schedule patterns, goes on from where it stood instead of
+// reading the job at the cursor and its schedule again: one read per record
+// it moves over. Any other cursor is looked at afresh.
 #pragma once
 
 #include <cstdint>

@@ -316,6 +316,39 @@ TEST_F(FindTest, NameWidthsFollowTheVersion) {
     EXPECT_EQ(scheds("CPU00001", "@"), (Names{"CPU00001#SCHED001"}));
 }
 
+// Two job walks taking turns on one session find what each finds alone.
+TEST_F(FindTest, InterleavedJobWalksDoNotDisturbEachOther) {
+    alm_comarea* ca = open_plan(three_workstations());
+    ASSERT_NE(ca, nullptr);
+    const Names daily = jobs("@", "DAILY", "@");
+    const Names on_b = jobs("B", "@", "@");
+    ASSERT_EQ(daily.size(), 6u);
+    ASSERT_EQ(on_b.size(), 4u);
+
+    Names got_daily, got_b;
+    std::uint32_t cur_daily = 0, cur_b = 0;
+    bool more_daily = true, more_b = true;
+    SJ_RECTYPE rec{};
+    while (more_daily || more_b) {
+        if (more_daily) {
+            more_daily = alm_find_job(ca, "@", "DAILY", "@", cur_daily, &rec) != NULL_REC;
+            if (more_daily) got_daily.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
+        }
+        if (more_b) {
+            more_b = alm_find_job(ca, "B", "@", "@", cur_b, &rec) != NULL_REC;
+            if (more_b) got_b.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
+        }
+        ASSERT_LT(got_daily.size() + got_b.size(), 100u);
+    }
+    EXPECT_EQ(got_daily, daily);
+    EXPECT_EQ(got_b, on_b);
+
+    // The same cursor under other schedule patterns is a new walk.
+    std::uint32_t cur = 0;
+    EXPECT_EQ(alm_find_job(ca, "B", "DAILY", "@", cur, &rec), 8u);
+    EXPECT_EQ(alm_find_job(ca, "B", "WEEKLY", "@", cur, &rec), 12u);
+}
+
 // Damaged plans: a looping chain ends like the end of the chain.
 TEST_F(FindTest, LoopingChainsTerminate) {
     auto recs = three_workstations().build();
