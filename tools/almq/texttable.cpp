@@ -16,6 +16,13 @@ TextTable::TextTable(std::vector<Column> columns) : columns_(std::move(columns))
 
 void TextTable::add(std::vector<std::string> cells) {
     cells.resize(columns_.size());
+    // Plan texts may hold anything; control bytes must not reach a terminal.
+    for (std::string& cell : cells) {
+        for (char& c : cell) {
+            const auto b = static_cast<unsigned char>(c);
+            if (b < 0x20 || b == 0x7F) c = '?';
+        }
+    }
     rows_.push_back(std::move(cells));
 }
 

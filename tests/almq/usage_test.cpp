@@ -1,0 +1,169 @@
+// almq's command line, its exit statuses and its one-line errors; the
+// manual pages render cleanly.
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "almqhome.h"
+
+namespace alm::almqtest {
+namespace {
+
+bool one_line(const std::string& s) {
+    return !s.empty() && s.back() == '\n' && s.find('\n') == s.size() - 1;
+}
+
+struct UsageCase {
+    std::vector<std::string> args;
+    const char* says;  // part of the error line
+};
+
+TEST(AlmqUsage, BadCommandLinesExitTwoWithOneLine) {
+    const AlmqHome& home = sample_home();
+    ASSERT_TRUE(home.ok());
+    const UsageCase cases[] = {
+        {{}, "no subcommand"},
+        {{"frobnicate"}, "unknown subcommand 'frobnicate'"},
+        {{"--bogus", "cpus"}, "unknown option '--bogus'"},
+        {{"-x", "cpus"}, "unknown option '-x'"},
+        {{"cpus", "A", "B"}, "too many operands for cpus"},
+        {{"scheds", "A", "B", "C"}, "too many operands for scheds"},
+        {{"jobs", "A", "B", "C", "D"}, "too many operands for jobs"},
+        {{"info", "x"}, "too many operands for info"},
+        {{"logs", "x"}, "too many operands for logs"},
+        {{"jobs", "@", "@", ""}, "patterns cannot be empty"},
+        {{"cpus", ""}, "patterns cannot be empty"},
+        {{"ping", "0"}, "ping needs a count"},
+        {{"ping", "12x"}, "ping needs a count"},
+        {{"ping", "1000001"}, "ping needs a count"},
+        {{"--json", "--raw", "cpus"}, "exclude each other"},
+        {{"cpus", "--plan"}, "option --plan needs a value"},
+        {{"--plan=", "cpus"}, "--plan needs a non-empty path"},
+        {{"--timeout", "0", "cpus"}, "--timeout needs a number"},
+        {{"--timeout", "soon", "cpus"}, "--timeout needs a number"},
+        {{"--json=1", "cpus"}, "unknown option '--json=1'"},
+    };
+    for (const UsageCase& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.args));
+        const RunResult r = home.runAlmq(c.args);
+        EXPECT_EQ(r.status, 2);
+        EXPECT_EQ(r.out, "");
+        EXPECT_TRUE(one_line(r.err)) << r.err;
+        EXPECT_EQ(r.err.rfind("almq: ", 0), 0u) << r.err;
+        EXPECT_NE(r.err.find(c.says), std::string::npos) << r.err;
+    }
+}
+
+TEST(AlmqUsage, HelpNamesEverySubcommandAndExitsZero) {
+    const AlmqHome& home = sample_home();
+    for (const char* opt : {"--help", "-h"}) {
+        const RunResult r = home.runAlmq({opt});
+        EXPECT_EQ(r.status, 0);
+        EXPECT_EQ(r.err, "");
+        EXPECT_EQ(r.out.rfind("Usage: almq", 0), 0u);
+        for (const char* word : {"info", "cpus", "scheds", "jobs", "deps", "logs", "ping", "--plan", "--server",
+                                 "--json", "--raw", "Exit status"}) {
+            EXPECT_NE(r.out.find(word), std::string::npos) << word;
+        }
+    }
+    // Help wins over everything else on the line, even a bad subcommand.
+    EXPECT_EQ(home.runAlmq({"nonsense", "--help"}).status, 0);
+}
+
+TEST(AlmqUsage, OptionsMayFollowTheSubcommand) {
+    const AlmqHome& home = sample_home();
+    const RunResult before = home.runAlmq({"--json", "cpus", "MASTER"});
+    const RunResult after = home.runAlmq({"cpus", "MASTER", "--json"});
+    const RunResult joined = home.runAlmq({"cpus", "--plan=Almanack", "MASTER", "--json"});
+    EXPECT_EQ(before.status, 0);
+    EXPECT_EQ(before.out, after.out);
+    EXPECT_EQ(before.out, joined.out);
+    // After "--" a word that looks like an option is an operand.
+    const RunResult dashed = home.runAlmq({"cpus", "--", "--json"});
+    EXPECT_EQ(dashed.status, 1) << dashed.err;
+    EXPECT_NE(dashed.err.find("no workstation matches --json"), std::string::npos) << dashed.err;
+}
+
+TEST(AlmqErrors, MissingPlanExitsThreeWithTheServersCodeAndText) {
+    const AlmqHome& home = sample_home();
+    for (const char* command : {"info", "cpus", "deps"}) {
+        const RunResult r = home.runAlmq({"--plan", "plans/missing", command});
+        SCOPED_TRACE(command);
+        EXPECT_EQ(r.status, 3);
+        EXPECT_EQ(r.out, "");
+        EXPECT_TRUE(one_line(r.err)) << r.err;
+        EXPECT_EQ(r.err.rfind("almq: cannot open plan plans/missing: code ", 0), 0u) << r.err;
+        // The server's own text names the file it looked for under its home.
+        EXPECT_NE(r.err.find(home.file("plans/missing")), std::string::npos) << r.err;
+        EXPECT_EQ(r.err.find("code 0"), std::string::npos) << r.err;
+    }
+}
+
+TEST(AlmqErrors, ServerThatCannotStartOrDoesNotGreet) {
+    const AlmqHome& home = sample_home();
+    struct Case {
+        const char* server;
+        const char* says;
+    } cases[] = {
+        {"/nonexistent", "/nonexistent: cannot start: No such file or directory"},
+        {"/dev/null", "/dev/null: cannot start: Permission denied"},
+        {"/bin/true", "/bin/true: no greeting: the server ended with exit status 0"},
+        {"/bin/false", "/bin/false: no greeting: the server ended with exit status 1"},
+        {"/bin/echo", "/bin/echo: no greeting"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.server);
+        for (const char* command : {"info", "ping", "logs"}) {
+            const RunResult r = home.runAlmq({"--server", c.server, command});
+            EXPECT_EQ(r.status, 3);
+            EXPECT_EQ(r.out, "");
+            EXPECT_TRUE(one_line(r.err)) << r.err;
+            EXPECT_EQ(r.err.rfind(std::string("almq: ") + c.says, 0), 0u) << r.err;
+        }
+    }
+}
+
+TEST(AlmqErrors, ServerThatStallsTimesOut) {
+    const AlmqHome& home = sample_home();
+    // Greets, then never answers: almq must give up after its timeout.
+    const std::string stall = home.file("stall.sh");
+    {
+        std::ofstream f(stall);
+        f << "#!/bin/sh\nprintf 'AlmRead Lives'\nexec sleep 30\n";
+    }
+    std::filesystem::permissions(stall, std::filesystem::perms::owner_all);
+    const RunResult r = home.runAlmq({"--server", stall, "--timeout", "1", "info"});
+    EXPECT_EQ(r.status, 3);
+    EXPECT_NE(r.err.find("no answer within 1 s"), std::string::npos) << r.err;
+}
+
+TEST(AlmqErrors, RelativeServerPathIsTakenFromTheCurrentDirectory) {
+    const AlmqHome& home = sample_home();
+    const RunResult r = home.runAlmq({"--server", "bin/almread", "info"}, home.path());
+    EXPECT_EQ(r.status, 0) << r.err;
+    const RunResult bad = home.runAlmq({"--server", "bin/nothere", "info"}, home.path());
+    EXPECT_EQ(bad.status, 3);
+    EXPECT_NE(bad.err.find(home.file("bin/nothere") + ": cannot start"), std::string::npos) << bad.err;
+}
+
+TEST(ManPages, RenderWithoutWarnings) {
+    if (::access("/usr/bin/man", X_OK) != 0) GTEST_SKIP() << "man is not installed";
+    const AlmqHome& home = sample_home();
+    for (const char* page : {"almread.1", "almq.1", "almplan.1", "almcat.1", "almcodeset.1"}) {
+        SCOPED_TRACE(page);
+        const std::string path = std::string(ALM_SOURCE_DIR "/man/") + page;
+        const RunResult r = home.run("/bin/sh", {"-c", "MANWIDTH=80 man --warnings -l \"$1\" 2>&1 >/dev/null",
+                                                 "sh", path});
+        EXPECT_EQ(r.status, 0);
+        EXPECT_EQ(r.out, "");
+        const RunResult text = home.run("/bin/sh", {"-c", "MANWIDTH=80 man -l \"$1\" 2>/dev/null", "sh", path});
+        EXPECT_NE(text.out.find("NAME"), std::string::npos);
+        EXPECT_NE(text.out.find("EXIT STATUS"), std::string::npos);
+    }
+}
+
+}  // namespace
+}  // namespace alm::almqtest
