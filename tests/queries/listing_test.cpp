@@ -85,6 +85,7 @@ restart A CHAIN C1
 job J2
 restart A CHAIN C3
 job J3
+dep 0xA0 resource A R1
 schedule A VERYLONGSCHED
 job LJ
 schedule B S1
@@ -131,14 +132,14 @@ TEST_F(Listings, EveryKindInOrderWithChains) {
         "JR:J1",  "MR:LP",   "FR:/tmp/f1",                                                 // J1 and its dependencies
         "JR:C1",  "MR:GP",   "JR:C2",                                                      // J1's restart chain
         "JR:J2",  "JR:C3",                                                                 // a chain whose next link is unreadable
-        "JR:J3",
+        "JR:J3",  "RR:R1",                                                                 // kind 32, high bit set
     };
     // Counted: S1 and its 12 entries whose flag is not 0x80; J1 and 2; C1
-    // and 1; C2, J2, C3, J3.
+    // and 1; C2, J2, C3; J3 and 1.
     const Listing l = readListing(server_, 21, {handle_, "A", "S1", "@"}, expected.size());
     EXPECT_EQ(l.header.id, 21u);
-    EXPECT_EQ(l.header.numData, 22u);
-    EXPECT_EQ(l.header.size, 20u + 22u * 512u);
+    EXPECT_EQ(l.header.numData, 23u);
+    EXPECT_EQ(l.header.size, 20u + 23u * 512u);
     EXPECT_EQ(l.header.bytesPerRecord, 512u);
     EXPECT_EQ(l.header.dataType, 1u);
     EXPECT_EQ(l.labels, expected);
