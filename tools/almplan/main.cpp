@@ -12,6 +12,7 @@
 #include "plandesc.h"
 #include "recfields.h"
 #include "synth.h"
+#include "util/stdfuncs.h"
 
 namespace alm {
 namespace {
@@ -218,5 +219,8 @@ int main(int argc, char** argv) {
     // every local-time conversion; naming that same file once keeps a
     // million conversions cheap without changing the zone.
     if (std::getenv("TZ") == nullptr) ::setenv("TZ", ":/etc/localtime", 0);
+    // The home (two directories above the program) holds the message
+    // catalogs that the plan library's error texts come from.
+    alm::qual_file(argc > 0 ? argv[0] : nullptr, alm::QUAL_HOMEDIR, sizeof alm::QUAL_HOMEDIR);
     return alm::run(argc, argv);
 }
