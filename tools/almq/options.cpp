@@ -6,13 +6,13 @@
 namespace alm {
 namespace {
 
-struct CommandSpec {
+struct CommandEntry {
     const char* name;
     Command command;
     std::size_t maxOperands;
 };
 
-constexpr CommandSpec kCommands[] = {
+constexpr CommandEntry kCommands[] = {
     {"info", Command::Info, 0},   {"cpus", Command::Cpus, 1}, {"scheds", Command::Scheds, 2},
     {"jobs", Command::Jobs, 3},   {"deps", Command::Deps, 3}, {"logs", Command::Logs, 0},
     {"ping", Command::Ping, 1},
@@ -44,7 +44,7 @@ bool parse_long(std::string_view text, long min, long max, long& out) {
 }  // namespace
 
 const char* command_name(Command command) {
-    for (const CommandSpec& s : kCommands) {
+    for (const CommandEntry& s : kCommands) {
         if (s.command == command) return s.name;
     }
     return "?";
@@ -125,18 +125,18 @@ bool parse_options(int argc, char** argv, Options& o, std::string& problem) {
         problem = "no subcommand given";
         return false;
     }
-    const CommandSpec* spec = nullptr;
-    for (const CommandSpec& s : kCommands) {
-        if (words[0] == s.name) spec = &s;
+    const CommandEntry* entry = nullptr;
+    for (const CommandEntry& s : kCommands) {
+        if (words[0] == s.name) entry = &s;
     }
-    if (spec == nullptr) {
+    if (entry == nullptr) {
         problem = "unknown subcommand '" + words[0] + "'";
         return false;
     }
-    o.command = spec->command;
+    o.command = entry->command;
     const std::vector<std::string> operands(words.begin() + 1, words.end());
-    if (operands.size() > spec->maxOperands) {
-        problem = std::string("too many operands for ") + spec->name;
+    if (operands.size() > entry->maxOperands) {
+        problem = std::string("too many operands for ") + entry->name;
         return false;
     }
     if (o.command == Command::Ping) {

@@ -21,7 +21,7 @@ enum class Wire : std::uint8_t {
 
 enum class Shape : std::uint8_t { Scalar, Array, Text, Priority, Timer, FnameJname, Subdep };
 
-struct FieldSpec {
+struct FieldRow {
     const char* name;
     std::size_t offset;
     std::size_t size;
@@ -32,11 +32,11 @@ struct FieldSpec {
 };
 
 #define ROW2(REC, M, SHAPE, NUM, WQ, WD) \
-    FieldSpec { #M, offsetof(REC, M), sizeof(REC::M), Shape::SHAPE, Num::NUM, Wire::WQ, Wire::WD }
+    FieldRow { #M, offsetof(REC, M), sizeof(REC::M), Shape::SHAPE, Num::NUM, Wire::WQ, Wire::WD }
 #define ROW(REC, M, SHAPE, NUM, W) ROW2(REC, M, SHAPE, NUM, W, W)
 #define TEXT(REC, M) ROW(REC, M, Text, U8, Text)
 
-constexpr FieldSpec kCpuFields[] = {
+constexpr FieldRow kCpuFields[] = {
     ROW(SCI_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SCI_RECTYPE, sci_status, Scalar, I16, BigEndian),
     ROW(SCI_RECTYPE, sci_filler6, Scalar, I16, AsDelivered),
@@ -83,7 +83,7 @@ constexpr FieldSpec kCpuFields[] = {
     ROW(SCI_RECTYPE, sci_filler5, Array, I16, AsDelivered),
 };
 
-constexpr FieldSpec kSchedFields[] = {
+constexpr FieldRow kSchedFields[] = {
     ROW(SS_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SS_RECTYPE, ss_status, Scalar, I16, BigEndian),
     ROW(SS_RECTYPE, ss_filler1, Scalar, I16, AsDelivered),
@@ -136,7 +136,7 @@ constexpr FieldSpec kSchedFields[] = {
     ROW(SS_RECTYPE, ss_filler5, Array, I16, AsDelivered),
 };
 
-constexpr FieldSpec kJobFields[] = {
+constexpr FieldRow kJobFields[] = {
     ROW(SJ_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SJ_RECTYPE, sj_status, Scalar, I16, BigEndian),
     ROW(SJ_RECTYPE, sj_filler2, Scalar, I16, AsDelivered),
@@ -179,7 +179,7 @@ constexpr FieldSpec kJobFields[] = {
     ROW(SJ_RECTYPE, sj_filler1, Array, I16, AsDelivered),
 };
 
-constexpr FieldSpec kPromptFields[] = {
+constexpr FieldRow kPromptFields[] = {
     ROW(SM_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SM_RECTYPE, sm_status, Scalar, I16, BigEndian),
     ROW(SM_RECTYPE, sm_filler3, Scalar, I16, AsDelivered),
@@ -203,7 +203,7 @@ constexpr FieldSpec kPromptFields[] = {
     ROW(SM_RECTYPE, sm_filler2, Array, I16, AsDelivered),
 };
 
-constexpr FieldSpec kFileFields[] = {
+constexpr FieldRow kFileFields[] = {
     ROW(SF_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SF_RECTYPE, sf_status, Scalar, I16, BigEndian),
     ROW(SF_RECTYPE, sf_filler6, Scalar, I16, AsDelivered),
@@ -224,7 +224,7 @@ constexpr FieldSpec kFileFields[] = {
     ROW(SF_RECTYPE, sf_filler5, Array, I16, AsDelivered),
 };
 
-constexpr FieldSpec kResourceFields[] = {
+constexpr FieldRow kResourceFields[] = {
     ROW(SR_RECTYPE, alm_rec_type, Scalar, I16, BigEndian),
     ROW(SR_RECTYPE, sr_status, Scalar, I16, BigEndian),
     ROW(SR_RECTYPE, sr_filler4, Scalar, I16, AsDelivered),
@@ -362,7 +362,7 @@ JsonValue read_subdep(const unsigned char* p, const JobContext& job, Wire wire) 
 }
 
 template <std::size_t N>
-JsonValue decode_fields(const unsigned char* rec, const FieldSpec (&table)[N], ReplySource source) {
+JsonValue decode_fields(const unsigned char* rec, const FieldRow (&table)[N], ReplySource source) {
     const bool depQuery = source == ReplySource::DepQuery;
     JobContext job;
     job.flags = load_be16(rec + offsetof(SJ_RECTYPE, sj_flags));
@@ -373,7 +373,7 @@ JsonValue decode_fields(const unsigned char* rec, const FieldSpec (&table)[N], R
         static_cast<std::int16_t>(load_be16(rec + offsetof(SS_RECTYPE, ss_num_depends)));
 
     JsonValue obj = JsonValue::object();
-    for (const FieldSpec& f : table) {
+    for (const FieldRow& f : table) {
         const unsigned char* p = rec + f.offset;
         const Wire wire = depQuery ? f.deps : f.query;
         switch (f.shape) {
