@@ -69,14 +69,28 @@ std::string pattern_text(const std::vector<std::string>& patterns) {
 // One server session for one subcommand.
 class Session {
 public:
-    Session(const Options& o, std::string& out, std::string& err)
-        : o_(o), out_(out), err_(err), link_(o.timeoutMs) {
+    Session(const Options& o, OutputSink& sink, std::string& err)
+        : o_(o), sink_(sink), err_(err), link_(o.timeoutMs) {
         link_.keepFrames(o.output == OutputForm::Raw);
     }
 
     int run();
+    // Hands what is left of the output to the sink.
+    void flushOutput() {
+        if (o_.output != OutputForm::Raw || framesShown_) sink_.write(out_);
+        out_.clear();
+    }
 
 private:
+    // Long listings go out as they grow; a raw run shows frames only.
+    void spill() {
+        if (o_.output == OutputForm::Raw) {
+            out_.clear();
+        } else if (out_.size() >= kSpillBytes) {
+            flushOutput();
+        }
+    }
+
     int fail(const std::string& message) {
         err_ = "almq: " + message;
         return EXIT_SERVER;
@@ -99,8 +113,12 @@ private:
     int deps();
     void dumpFrames();
 
+    static constexpr std::size_t kSpillBytes = 1 << 16;
+
     const Options& o_;
-    std::string& out_;
+    OutputSink& sink_;
+    std::string out_;
+    bool framesShown_ = false;
     std::string& err_;
     ServerLink link_;
     std::vector<std::string> open_;  // the open reply's strings
@@ -173,6 +191,7 @@ bool Session::recordQuery(std::uint32_t type, Reply& reply, std::string& error) 
 void Session::dumpFrames() {
     if (o_.output != OutputForm::Raw) return;
     out_.clear();
+    framesShown_ = true;
     for (const ReceivedFrame& f : link_.frames()) {
         out_ += "# reply to " + std::string(request_name(f.requestType)) + " (request type " +
                 std::to_string(f.requestType) + ", id " + std::to_string(f.requestId) + "): " +
@@ -280,6 +299,7 @@ int Session::cpus() {
         const JsonValue r = decode_record(reply.record(i), RecordKind::Workstation, ReplySource::CpuQuery);
         if (o_.output == OutputForm::Json) {
             out_ += r.dump() + "\n";
+            spill();
             continue;
         }
         table.add({field_text(r, "sci_cpu_id"), field_text(r, "sci_host_cpu"), field_text(r, "sci_node_name"),
@@ -307,6 +327,7 @@ int Session::scheds() {
         const JsonValue r = decode_record(reply.record(i), RecordKind::Schedule, ReplySource::SchedQuery);
         if (o_.output == OutputForm::Json) {
             out_ += r.dump() + "\n";
+            spill();
             continue;
         }
         const JsonValue* pri = r.find("ss_sched_pri");
@@ -358,6 +379,7 @@ int Session::jobs() {
         const JsonValue r = decode_record(reply.record(i), RecordKind::Job, ReplySource::JobQuery);
         if (o_.output == OutputForm::Json) {
             out_ += r.dump() + "\n";
+            spill();
             continue;
         }
         const JsonValue* pri = r.find("sj_job_pri");
@@ -384,8 +406,7 @@ std::string when(const char* what, std::int64_t date, std::int64_t hhmm) {
 std::string quoted(const std::string& s) { return "\"" + s + "\""; }
 
 // One line of the dependency tree, without its indentation.
-std::string tree_line(const DepNode& n) {
-    const JsonValue& r = n.record;
+std::string tree_line(const DepNode& n, const JsonValue& r) {
     const std::string pad = "  ";
     switch (n.role) {
         case DepRole::Schedule:
@@ -451,6 +472,7 @@ int Session::deps() {
     std::size_t depCount = 0;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const DepNode& n = nodes[i];
+        const JsonValue record = decode_record(reply.record(i), n.kind, ReplySource::DepQuery);
         scheds += n.role == DepRole::Schedule;
         jobs += n.role == DepRole::Job;
         links += n.role == DepRole::Restart;
@@ -464,14 +486,15 @@ int Session::deps() {
                 line.set("dep_kind", JsonValue::string(dep_kind_label(n)));
                 line.set("dep_flag", JsonValue::integer(n.flag));
             }
-            for (std::size_t k = 0; k < n.record.keys().size(); ++k) {
-                line.set(n.record.keys()[k], n.record.items()[k]);
+            for (std::size_t k = 0; k < record.keys().size(); ++k) {
+                line.set(record.keys()[k], record.items()[k]);
             }
             out_ += line.dump() + "\n";
         } else {
             if (n.role == DepRole::Schedule && i > 0) out_ += "\n";
-            out_ += std::string(static_cast<std::size_t>(n.depth) * 2, ' ') + tree_line(n) + "\n";
+            out_ += std::string(static_cast<std::size_t>(n.depth) * 2, ' ') + tree_line(n, record) + "\n";
         }
+        spill();
     }
     if (scheds == 0) return noMatch("schedule");
     if (o_.output == OutputForm::Table) {
@@ -497,9 +520,11 @@ std::string default_server_path() {
     return self.substr(0, slash == std::string::npos ? 0 : slash) + "/almread";
 }
 
-int run_command(const Options& options, std::string& out, std::string& err) {
+int run_command(const Options& options, OutputSink& out, std::string& err) {
     Session session(options, out, err);
-    return session.run();
+    const int status = session.run();
+    session.flushOutput();
+    return status;
 }
 
 }  // namespace alm

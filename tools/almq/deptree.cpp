@@ -15,20 +15,20 @@ struct DepEntry {
 };
 
 // The entries in use of a schedule's or job's dependency arrays.
-std::vector<DepEntry> dep_entries(const DepNode& owner) {
+std::vector<DepEntry> dep_entries(const JsonValue& owner, RecordKind kind) {
     const JsonValue* flags = nullptr;
     const JsonValue* recs = nullptr;
     std::int64_t count = 0;
-    if (owner.kind == RecordKind::Schedule) {
-        flags = owner.record.find("ss_depend_flags");
-        recs = owner.record.find("ss_dependencies");
-        count = field_int(owner.record, "ss_num_depends");
-    } else if (owner.kind == RecordKind::Job) {
-        if (const JsonValue* sub = owner.record.find("subdep")) {
+    if (kind == RecordKind::Schedule) {
+        flags = owner.find("ss_depend_flags");
+        recs = owner.find("ss_dependencies");
+        count = field_int(owner, "ss_num_depends");
+    } else if (kind == RecordKind::Job) {
+        if (const JsonValue* sub = owner.find("subdep")) {
             flags = sub->find("sj_depend_flags");
             recs = sub->find("sj_dependencies");
         }
-        count = field_int(owner.record, "sj_num_depends");
+        count = field_int(owner, "sj_num_depends");
     }
     std::vector<DepEntry> out;
     if (flags == nullptr || recs == nullptr) return out;
@@ -54,55 +54,46 @@ bool flag_fits(int flag, RecordKind kind) {
 
 }  // namespace
 
-std::uint32_t node_rec_num(const DepNode& node) {
-    switch (node.kind) {
+std::uint32_t record_number(const JsonValue& record, RecordKind kind) {
+    const char* field = nullptr;
+    switch (kind) {
         case RecordKind::Schedule:
-        case RecordKind::SchedDep: return static_cast<std::uint32_t>(field_int(node.record, "ss_rec_num"));
+        case RecordKind::SchedDep: field = "ss_rec_num"; break;
         case RecordKind::Job:
-        case RecordKind::JobDep: return static_cast<std::uint32_t>(field_int(node.record, "sj_rec_num"));
-        case RecordKind::Prompt: return static_cast<std::uint32_t>(field_int(node.record, "sm_rec_num"));
-        case RecordKind::File: return static_cast<std::uint32_t>(field_int(node.record, "sf_rec_num"));
-        case RecordKind::Resource: return static_cast<std::uint32_t>(field_int(node.record, "sr_rec_num"));
+        case RecordKind::JobDep: field = "sj_rec_num"; break;
+        case RecordKind::Prompt: field = "sm_rec_num"; break;
+        case RecordKind::File: field = "sf_rec_num"; break;
+        case RecordKind::Resource: field = "sr_rec_num"; break;
         default: return kNoRecord;
     }
+    return static_cast<std::uint32_t>(field_int(record, field));
 }
 
 std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t count) {
     std::vector<DepNode> nodes;
     nodes.reserve(count);
     int schedule = -1;
-    int job = -1;     // the queried job whose restart chain may follow
-    int owner = -1;   // where dependencies attach
+    int job = -1;    // the queried job whose restart chain may follow
+    int owner = -1;  // where dependencies attach
     std::uint32_t expectedLink = kNoRecord;
     std::vector<DepEntry> entries;  // the owner's dependency entries
     std::size_t nextEntry = 0;
-
-    auto becomeOwner = [&](int index) {
-        owner = index;
-        entries = dep_entries(nodes[static_cast<std::size_t>(index)]);
-        nextEntry = 0;
-    };
 
     for (std::size_t i = 0; i < count; ++i) {
         const unsigned char* rec = records + i * WIRE_RECORD_BYTES;
         DepNode node;
         node.kind = kind_of_record(rec);
-        node.record = decode_record(rec, node.kind, ReplySource::DepQuery);
+        const JsonValue record = decode_record(rec, node.kind, ReplySource::DepQuery);
         const int index = static_cast<int>(nodes.size());
+        const std::uint32_t self = record_number(record, node.kind) & 0xFFFFu;
 
-        if (node.kind == RecordKind::Schedule) {
-            node.role = DepRole::Schedule;
-            node.depth = 0;
-            nodes.push_back(std::move(node));
-            schedule = index;
-            job = -1;
-            expectedLink = kNoRecord;
-            becomeOwner(index);
-            continue;
-        }
-        if (node.kind == RecordKind::Job) {
-            const std::uint32_t self = node_rec_num(node) & 0xFFFFu;
-            if (job >= 0 && expectedLink != kNoRecord && self == expectedLink) {
+        if (node.kind == RecordKind::Schedule || node.kind == RecordKind::Job) {
+            if (node.kind == RecordKind::Schedule) {
+                node.role = DepRole::Schedule;
+                schedule = index;
+                job = -1;
+                expectedLink = kNoRecord;
+            } else if (job >= 0 && expectedLink != kNoRecord && self == expectedLink) {
                 node.role = DepRole::Restart;
                 node.owner = job;
                 node.depth = nodes[static_cast<std::size_t>(job)].depth + 1;
@@ -112,22 +103,23 @@ std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t co
                 node.depth = schedule >= 0 ? 1 : 0;
                 job = index;
             }
-            expectedLink = static_cast<std::uint32_t>(field_int(node.record, "sj_restart_ptr")) & 0xFFFFu;
-            nodes.push_back(std::move(node));
-            becomeOwner(index);
+            if (node.kind == RecordKind::Job) {
+                expectedLink = static_cast<std::uint32_t>(field_int(record, "sj_restart_ptr")) & 0xFFFFu;
+            }
+            owner = index;
+            entries = dep_entries(record, node.kind);
+            nextEntry = 0;
+            nodes.push_back(node);
             continue;
         }
+        node.owner = owner;
+        node.depth = owner >= 0 ? nodes[static_cast<std::size_t>(owner)].depth + 1 : 0;
         if (node.kind == RecordKind::Unknown || owner < 0) {
             node.role = DepRole::Stray;
-            node.owner = owner;
-            node.depth = owner >= 0 ? nodes[static_cast<std::size_t>(owner)].depth + 1 : 0;
-            nodes.push_back(std::move(node));
+            nodes.push_back(node);
             continue;
         }
         node.role = DepRole::Dependency;
-        node.owner = owner;
-        node.depth = nodes[static_cast<std::size_t>(owner)].depth + 1;
-        const std::uint32_t self = node_rec_num(node) & 0xFFFFu;
         for (std::size_t e = nextEntry; e < entries.size(); ++e) {
             if (entries[e].rec == self && flag_fits(entries[e].flag, node.kind)) {
                 node.flag = entries[e].flag;
@@ -135,7 +127,7 @@ std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t co
                 break;
             }
         }
-        nodes.push_back(std::move(node));
+        nodes.push_back(node);
     }
     return nodes;
 }

@@ -23,22 +23,23 @@ namespace alm {
 
 enum class DepRole { Schedule, Job, Restart, Dependency, Stray };
 
+// One node per record, in record order; the records themselves stay in the
+// reply and are decoded again when shown.
 struct DepNode {
     DepRole role = DepRole::Stray;
     RecordKind kind = RecordKind::Unknown;
     int depth = 0;   // 0 schedule, 1 its jobs and dependencies, and so on
     int owner = -1;  // index of the owning node, -1 for schedules and strays
     int flag = -1;   // the owner's flag byte for this dependency, -1 if unmatched
-    JsonValue record;
 };
 
-// Record count i at records + i * 512.
+// Record i at records + i * 512.
 std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t count);
 
 // "prompt", "SD", "JD", "file", "resource" for a dependency node.
 const char* dep_kind_label(const DepNode& node);
 const char* dep_role_name(DepRole role);
-// The record's own number, from its kind's rec_num field.
-std::uint32_t node_rec_num(const DepNode& node);
+// A decoded record's own number, from its kind's rec_num field.
+std::uint32_t record_number(const JsonValue& record, RecordKind kind);
 
 }  // namespace alm

@@ -1,11 +1,15 @@
 // almq: a command-line client of the almread query server.
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "commands.h"
 #include "options.h"
 
 int main(int argc, char* argv[]) {
+    // With TZ unset every local-time conversion looks at the zone file
+    // again; naming that same file once keeps long listings cheap.
+    if (std::getenv("TZ") == nullptr) ::setenv("TZ", ":/etc/localtime", 0);
     alm::Options options;
     std::string problem;
     if (!alm::parse_options(argc, argv, options, problem)) {
@@ -16,11 +20,10 @@ int main(int argc, char* argv[]) {
         std::fputs(alm::ALMQ_HELP, stdout);
         return alm::EXIT_OK;
     }
-    std::string out;
+    alm::OutputSink out(stdout);
     std::string err;
     const int status = alm::run_command(options, out, err);
-    std::fwrite(out.data(), 1, out.size(), stdout);
-    if (std::fflush(stdout) != 0) {
+    if (!out.flush()) {
         std::fprintf(stderr, "almq: cannot write the output\n");
         return alm::EXIT_SERVER;
     }

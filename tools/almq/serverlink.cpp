@@ -87,7 +87,10 @@ bool ServerLink::call(std::uint32_t type, const std::vector<std::string>& args, 
 // no-operation request goes right behind the query: its 24-byte reply
 // (size word 20, then type 0 and our id) marks the end of the records. A
 // record never starts with the size word 20, as its first word is a record
-// type code.
+// type code. Whatever follows the header, at least 24 bytes will come, and
+// after a record at least 24 more: so each read takes the rest of a record
+// together with the head of what follows it, and never waits for bytes that
+// the server will not send.
 bool ServerLink::callStreamed(const std::vector<std::string>& args, StreamedReply& reply,
                               std::string& error) {
     const std::uint32_t id = nextId_++;
@@ -110,32 +113,27 @@ bool ServerLink::callStreamed(const std::vector<std::string>& args, StreamedRepl
         return false;
     }
     reply.records.clear();
-    for (;;) {
-        unsigned char word[4];
-        st = client_.readExact(word, sizeof word, timeoutMs_);
-        if (st != ClientStatus::Ok) break;
-        if (load_be32(word) == 20) {
-            unsigned char rest[20];
-            st = client_.readExact(rest, sizeof rest, timeoutMs_);
-            if (st != ClientStatus::Ok) break;
+    unsigned char head[ALM_FRAME_HEADER_BYTES];
+    st = client_.readExact(head, sizeof head, timeoutMs_);
+    while (st == ClientStatus::Ok) {
+        if (load_be32(head) == 20) {
             std::string frame = header_bytes(reply.header);
             frame.append(reinterpret_cast<const char*>(reply.records.data()), reply.records.size());
             keep(REQ_DEPENDENCIES, id, std::move(frame));
-            std::string nop(reinterpret_cast<const char*>(word), sizeof word);
-            nop.append(reinterpret_cast<const char*>(rest), sizeof rest);
-            keep(REQ_NOP, fence, std::move(nop));
-            if (load_be32(rest + 4) != fence) {
+            keep(REQ_NOP, fence, std::string(reinterpret_cast<const char*>(head), sizeof head));
+            if (load_be32(head + 8) != fence) {
                 error = server_ + ": the dependency reply ended in an unexpected frame";
                 return false;
             }
             return true;
         }
         const std::size_t at = reply.records.size();
+        reply.records.resize(at + kRecordBytes + sizeof head);
+        unsigned char* rec = reply.records.data() + at;
+        std::memcpy(rec, head, sizeof head);
+        st = client_.readExact(rec + sizeof head, kRecordBytes, timeoutMs_);
+        std::memcpy(head, rec + kRecordBytes, sizeof head);
         reply.records.resize(at + kRecordBytes);
-        std::memcpy(reply.records.data() + at, word, sizeof word);
-        st = client_.readExact(reply.records.data() + at + sizeof word, kRecordBytes - sizeof word,
-                               timeoutMs_);
-        if (st != ClientStatus::Ok) break;
     }
     error = describe(st, "incomplete dependency reply");
     return false;
