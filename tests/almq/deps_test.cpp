@@ -2,6 +2,8 @@
 // frames, and a reply that announces more records than it sends.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "almqhome.h"
 #include "minijson.h"
 
@@ -109,6 +111,35 @@ TEST(AlmqDeps, ShortStreamEndsAtTheFence) {
                            "00000000  00 00 00 14 00 00 00 00  00 00 00 03 00 00 00 00  |................|\n"),
               std::string::npos)
         << raw.out;
+}
+
+// A listing far longer than one output piece arrives whole, in both forms,
+// and the JSON lines agree with the tree's closing count.
+TEST(AlmqDeps, LongListingsArriveWhole) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    const RunResult synth = home.run(ALM_BUILD_DIR "/bin/almplan",
+                                     {"synth", "--cpus", "3", "--scheds", "10", "--jobs", "10", "--deps",
+                                      home.file("Almanack")});
+    ASSERT_EQ(synth.status, 0) << synth.err;
+    const RunResult tree = home.runAlmq({"deps"});
+    ASSERT_EQ(tree.status, 0) << tree.err;
+    const RunResult json = home.runAlmq({"--json", "deps"});
+    ASSERT_EQ(json.status, 0) << json.err;
+    ASSERT_GT(json.out.size(), std::size_t{1} << 17);
+    std::vector<Json> lines;
+    std::string error;
+    ASSERT_TRUE(parse_json_lines(json.out, lines, error)) << error;
+    std::map<std::string, int> roles;
+    for (const Json& j : lines) ++roles[j.s("role")];
+    EXPECT_EQ(roles["schedule"], 30);
+    EXPECT_EQ(roles["job"], 300);
+    EXPECT_EQ(tree.lines().back(), "30 schedules, 300 jobs, " + std::to_string(roles["restart"]) +
+                                       " restart links, " + std::to_string(roles["dependency"]) + " dependencies");
+    // Every tree line but the blank separators and the count is one record.
+    std::size_t treeLines = 0;
+    for (const std::string& l : tree.lines()) treeLines += !l.empty();
+    EXPECT_EQ(treeLines - 1, lines.size());
 }
 
 TEST(AlmqDeps, RawShowsEveryFrameOfTheSession) {
