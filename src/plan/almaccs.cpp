@@ -100,7 +100,7 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
 
     ALMRECTYPE_INT raw;
     const off_t off = static_cast<off_t>(recnum) * size;
-    ssize_t n = pread_retry(ca->fnum, &raw, static_cast<std::size_t>(size), off);
+    ssize_t n = alm_pread(ca, &raw, static_cast<std::size_t>(size), off);
     if (n < 0) {
         int e = errno;
         return set_error(ca, (e == EINVAL || e == EOVERFLOW || e == ESPIPE) ? ALM_E_SEEK : ALM_E_READ, e, recnum);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "plan/almreadahead.h"
 #include "plan/almrecs.h"
 
 namespace alm {
@@ -125,6 +126,9 @@ struct alm_comarea {
     alm_walk cpu_walk;
     alm_walk sched_walk;
     alm_job_walk job_walk;
+
+    // Records read ahead while an alm_read_ahead scope is open.
+    std::unique_ptr<alm_read_ahead_state> read_ahead;
 
     // Storage behind sh_rec and filename unless the caller's are kept.
     std::unique_ptr<SH_RECTYPE> own_sh_rec;

@@ -1,10 +1,36 @@
 #include "plan/almfind.h"
 
+#include <algorithm>
 #include <cstring>
+#include <new>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "util/patmatch.h"
 
 namespace alm {
+
+// The schedule chain as one walk of it found it, kept while a read-ahead
+// scope is open: lets a schedule walk with plain names (the names of a
+// schedule, as the dependency listing's job lookups use them) go straight
+// to where it ends instead of reading every schedule before that.
+struct alm_sched_index {
+    struct Entry {
+        std::uint32_t rec;
+        char cpu[sizeof(SS_RECTYPE::ss_cpu_id)];
+    };
+    bool usable = false;
+    std::vector<Entry> chain;
+    std::unordered_map<std::uint32_t, std::uint32_t> position;
+    // Workstation and schedule name, trimmed, joined by a NUL: positions.
+    std::unordered_map<std::string, std::vector<std::uint32_t>> by_names;
+};
+
+void alm_sched_index_free::operator()(alm_sched_index* index) const noexcept {
+    std::default_delete<alm_sched_index>{}(index);
+}
 
 namespace {
 
@@ -91,11 +117,132 @@ struct SchedQuery {
     NameWidths w;
 };
 
+// A name the matcher can only match byte for byte, once trimmed.
+bool is_plain(const Pattern& p) {
+    if (p.len <= 0) return false;
+    for (int i = 0; i < p.len; ++i) {
+        const auto c = static_cast<unsigned char>(p.text[i]);
+        if (std::strchr("@?$%#^~", c) != nullptr || is_space(c)) return false;
+    }
+    return true;
+}
+
+// A field as the matcher compares it: up to its width or a NUL, without
+// trailing white space.
+std::string trimmed(const char* field, int width) {
+    const Pattern p = prepare(field, width);
+    return std::string(field, static_cast<std::size_t>(p.len));
+}
+
+std::string names_key(const std::string& cpu, const std::string& sched) { return cpu + '\0' + sched; }
+
+// The session's index, made on first use within the scope by one walk of
+// the whole chain; null outside a scope or when the chain is not one the
+// index can stand for (a failed read, a loop, workstations out of order).
+const alm_sched_index* sched_index(alm_comarea* ca, const NameWidths& w) {
+    alm_read_ahead_state* ra = ca->read_ahead.get();
+    if (ra == nullptr) return nullptr;
+    if (!ra->sched_index) {
+        // The reads that make the index leave the session's error as it was.
+        const auto err_type = ca->err_type;
+        const auto err_num = ca->err_num;
+        const auto expected = ca->expected_type;
+        const auto found = ca->found_type;
+        const auto recnum = ca->last_recnum;
+        try {
+            auto index = std::make_unique<alm_sched_index>();
+            SH_RECTYPE hdr;
+            SS_RECTYPE ss;
+            bool usable = alm_read_header(ca, &hdr) >= 0;
+            std::uint32_t rec = usable ? link(hdr.sh_first_sched) : NULL_REC;
+            while (usable && rec != NULL_REC) {
+                const auto pos = static_cast<std::uint32_t>(index->chain.size());
+                if (pos >= static_cast<std::uint32_t>(ca->num_recs) || alm_read_sched(ca, rec, &ss) < 0 ||
+                    !index->position.emplace(rec, pos).second ||
+                    (pos > 0 && std::memcmp(index->chain.back().cpu, ss.ss_cpu_id, sizeof ss.ss_cpu_id) > 0)) {
+                    usable = false;
+                    break;
+                }
+                alm_sched_index::Entry e{rec, {}};
+                std::memcpy(e.cpu, ss.ss_cpu_id, sizeof e.cpu);
+                index->chain.push_back(e);
+                index->by_names[names_key(trimmed(ss.ss_cpu_id, w.cpu), trimmed(ss.ss_sched_name, w.sched))]
+                    .push_back(pos);
+                rec = link(ss.ss_next_sch_ptr);
+            }
+            index->usable = usable;
+            ra->sched_index.reset(index.release());
+        } catch (const std::bad_alloc&) {
+        }
+        ca->err_type = err_type;
+        ca->err_num = err_num;
+        ca->expected_type = expected;
+        ca->found_type = found;
+        ca->last_recnum = recnum;
+    }
+    return ra->sched_index && ra->sched_index->usable ? ra->sched_index.get() : nullptr;
+}
+
+// walk_scheds over the index: the same outcome, steps and buffer, reading
+// only the record the walk ends on. Nothing when the index cannot tell.
+std::optional<WalkEnd> walk_indexed(alm_comarea* ca, alm_walk& walk, const SchedQuery& q, std::uint32_t rec,
+                                    SS_RECTYPE* ss, std::uint32_t* found, std::uint32_t* last) {
+    if (rec == NULL_REC || (ca->match != nullptr && ca->match != c_patternmatch)) return std::nullopt;
+    if (!is_plain(q.cpu) || !is_plain(q.sched)) return std::nullopt;
+    const alm_sched_index* index = sched_index(ca, q.w);
+    if (index == nullptr) return std::nullopt;
+    const auto at_rec = index->position.find(rec);
+    if (at_rec == index->position.end()) return std::nullopt;
+    const std::size_t s = at_rec->second;
+    const std::size_t n = index->chain.size();
+
+    // With plain names a schedule matches exactly when its trimmed names
+    // are the two names.
+    std::size_t m = n;
+    const auto named = index->by_names.find(
+        names_key(std::string(q.cpu.text, static_cast<std::size_t>(q.cpu.len)),
+                  std::string(q.sched.text, static_cast<std::size_t>(q.sched.len))));
+    if (named != index->by_names.end()) {
+        const auto p = std::lower_bound(named->second.begin(), named->second.end(), s);
+        if (p != named->second.end()) m = *p;
+    }
+    // The chain is in workstation order, so the schedules past the name
+    // come after all the others.
+    std::size_t t = n;
+    if (!q.cpu_is_pattern) {
+        const auto past = std::partition_point(index->chain.begin(), index->chain.end(), [&](const auto& e) {
+            return std::memcmp(e.cpu, q.cpu.text, static_cast<std::size_t>(q.cpu.len)) <= 0;
+        });
+        t = std::max(s, static_cast<std::size_t>(past - index->chain.begin()));
+    }
+
+    WalkEnd end = WalkEnd::End;
+    std::size_t at = n - 1;
+    if (t < m && t < n) {
+        end = WalkEnd::Stopped;
+        at = t;
+    } else if (m < n) {
+        end = WalkEnd::Found;
+        at = m;
+    }
+    const std::int64_t steps = static_cast<std::int64_t>(at - s) + 1;
+    if (walk.steps + steps > ca->num_recs) return std::nullopt;  // the real walk may run out of steps
+    walk.steps += steps;
+    if (alm_read_sched(ca, index->chain[at].rec, ss) < 0) return WalkEnd::ReadFailed;
+    if (end == WalkEnd::End)
+        *last = index->chain[at].rec;
+    else
+        *last = at > s ? index->chain[at - 1].rec : NULL_REC;
+    if (end == WalkEnd::Found) *found = index->chain[at].rec;
+    return end;
+}
+
 // Walks the schedule chain from rec (inclusive) to the next schedule that
 // matches; *found receives its number, *last the last record read.
 WalkEnd walk_scheds(alm_comarea* ca, alm_walk& walk, const SchedQuery& q, std::uint32_t rec, SS_RECTYPE* ss,
                     std::uint32_t* found, std::uint32_t* last) {
     *last = NULL_REC;
+    if (const std::optional<WalkEnd> end = walk_indexed(ca, walk, q, rec, ss, found, last)) return *end;
     while (rec != NULL_REC) {
         if (!take_step(ca, walk)) return WalkEnd::End;
         if (alm_read_sched(ca, rec, ss) < 0) return WalkEnd::ReadFailed;

@@ -15,6 +15,7 @@ void readerGetJobs(Request& req) {
 
     RecordBuffer records;
     if (alm_comarea* ca = querySession(args[0])) {
+        const alm_read_ahead ahead(ca);
         SJ_RECTYPE sj;
         std::uint32_t start = 0;
         while (alm_find_job(ca, cpu, sched, job, start, &sj) != NULL_REC) {

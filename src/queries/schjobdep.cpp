@@ -167,6 +167,7 @@ void readerGetSchJobDep(Request& req) {
     const char* sched = args[2];
     const char* job = args[3];
     alm_comarea* ca = querySession(args[0]);
+    const alm_read_ahead ahead(ca);
 
     Counter counter;
     if (ca) walkListing(ca, cpu, sched, job, counter);

@@ -1,0 +1,102 @@
+#include "plan/almreadahead.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "plan/almaccs.h"
+
+namespace alm {
+
+namespace {
+
+using State = alm_read_ahead_state;
+
+ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off) {
+    ssize_t n;
+    do {
+        n = ::pread(fd, buf, len, off);
+    } while (n < 0 && errno == EINTR);
+    return n;
+}
+
+std::size_t kept_slot(off_t off, std::size_t len) {
+    return static_cast<std::size_t>(off) / len % State::kKeptRecords;
+}
+
+}  // namespace
+
+alm_read_ahead::alm_read_ahead(alm_comarea* ca) {
+    if (!alm_valid(ca)) return;
+    if (!ca->read_ahead) {
+        // Without memory for it every read simply goes to the file.
+        try {
+            auto state = std::make_unique<State>();
+            for (auto& b : state->blocks) b.bytes = std::make_unique_for_overwrite<unsigned char[]>(State::kBlockBytes);
+            state->kept_tags = std::make_unique<State::KeptTag[]>(State::kKeptRecords);
+            state->kept = std::make_unique_for_overwrite<unsigned char[]>(State::kKeptRecords * State::kKeptBytes);
+            ca->read_ahead = std::move(state);
+        } catch (const std::bad_alloc&) {
+            return;
+        }
+    }
+    ++ca->read_ahead->depth;
+    ca_ = ca;
+}
+
+alm_read_ahead::~alm_read_ahead() {
+    if (ca_ == nullptr || !ca_->read_ahead) return;
+    if (--ca_->read_ahead->depth == 0) ca_->read_ahead.reset();
+}
+
+ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
+    State* ra = ca->read_ahead.get();
+    if (ra == nullptr || len == 0 || off < 0) return pread_retry(ca->fnum, buf, len, off);
+
+    bool forward = off == ra->last_end;
+    ra->last_end = off + static_cast<off_t>(len);
+    for (auto& b : ra->blocks) {
+        if (b.len == 0) continue;
+        if (off >= b.start && static_cast<std::size_t>(off - b.start) + len <= b.len) {
+            std::memcpy(buf, b.bytes.get() + (off - b.start), len);
+            b.used = ++ra->clock;
+            return static_cast<ssize_t>(len);
+        }
+        forward = forward || off == b.start + static_cast<off_t>(b.len);
+    }
+
+    const bool keepable = len <= State::kKeptBytes;
+    const std::size_t slot = keepable ? kept_slot(off, len) : 0;
+    unsigned char* kept = ra->kept.get() + slot * State::kKeptBytes;
+    if (keepable && ra->kept_tags[slot].off == off && ra->kept_tags[slot].len == len) {
+        std::memcpy(buf, kept, len);
+        return static_cast<ssize_t>(len);
+    }
+
+    if (forward && len <= State::kBlockBytes) {
+        auto& b = ra->blocks[0].used <= ra->blocks[1].used ? ra->blocks[0] : ra->blocks[1];
+        b.len = 0;
+        const ssize_t n = pread_retry(ca->fnum, b.bytes.get(), State::kBlockBytes, off);
+        if (n >= static_cast<ssize_t>(len)) {
+            b.start = off;
+            b.len = static_cast<std::size_t>(n);
+            b.used = ++ra->clock;
+            std::memcpy(buf, b.bytes.get(), len);
+            return static_cast<ssize_t>(len);
+        }
+        // A short block or a failure: the single read below gives the
+        // result (and the error) that the caller would have had anyway.
+    }
+
+    const ssize_t n = pread_retry(ca->fnum, buf, len, off);
+    if (keepable && n == static_cast<ssize_t>(len)) {
+        std::memcpy(kept, buf, len);
+        ra->kept_tags[slot] = {off, len};
+    }
+    return n;
+}
+
+}  // namespace alm

@@ -1,0 +1,78 @@
+// What a query may keep of the plan while it walks it. Inside an
+// alm_read_ahead scope on a session:
+// - a read that continues where the last one ended fetches the records that
+//   follow with the same system call, and later reads of them are served
+//   from memory;
+// - a record read on its own is kept, so that reading it again (the records
+//   that many dependencies name, the schedules every job lookup passes)
+//   costs no system call;
+// - the lookups keep an index of the schedule chain (plan/almfind.cpp).
+// All of it is dropped when the scope closes: reads outside a scope, and
+// every later request, see the file as it is. Within a scope the plan is
+// seen as it was when each record was first read.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+namespace alm {
+
+struct alm_comarea;
+
+class alm_read_ahead {
+public:
+    // A null or invalid session is left alone. Scopes may nest; the
+    // outermost one owns what is kept.
+    explicit alm_read_ahead(alm_comarea* ca);
+    ~alm_read_ahead();
+    alm_read_ahead(const alm_read_ahead&) = delete;
+    alm_read_ahead& operator=(const alm_read_ahead&) = delete;
+
+private:
+    alm_comarea* ca_ = nullptr;
+};
+
+// The schedule chain index of the lookups, defined with them.
+struct alm_sched_index;
+struct alm_sched_index_free {
+    void operator()(alm_sched_index* index) const noexcept;
+};
+
+// What a session keeps while a scope is open, at most about 2.2 MiB.
+struct alm_read_ahead_state {
+    // Two blocks of 128 V2 records, so that a walk looking one record back
+    // across a block boundary still finds it.
+    static constexpr std::size_t kBlockBytes = 64 * 1024;
+    // Records read on their own, by position in the file modulo the count.
+    static constexpr std::size_t kKeptRecords = 4096;
+    static constexpr std::size_t kKeptBytes = 512;
+
+    struct Block {
+        off_t start = 0;
+        std::size_t len = 0;  // 0: holds nothing
+        unsigned long used = 0;
+        std::unique_ptr<unsigned char[]> bytes;
+    };
+    struct KeptTag {
+        off_t off = -1;  // -1: empty
+        std::size_t len = 0;
+    };
+
+    Block blocks[2];
+    std::unique_ptr<KeptTag[]> kept_tags;
+    std::unique_ptr<unsigned char[]> kept;
+    off_t last_end = -1;
+    unsigned long clock = 0;
+    int depth = 0;
+    std::unique_ptr<alm_sched_index, alm_sched_index_free> sched_index;
+};
+
+// pread of len bytes at off from the session's file, retried on EINTR,
+// through what the session keeps when a scope is open. The result is what a
+// single pread of those bytes would return (or returned when first read).
+ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off);
+
+}  // namespace alm
