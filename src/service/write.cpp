@@ -67,15 +67,31 @@ void readerWrite(const Request& reply) {
                      reply.dataType);
 
     if (reply.dataList) {
+        // Records that lie end to end in memory go out with one fwrite,
+        // which a large run bypasses the stream buffer with.
+        const unsigned char* run = nullptr;
+        std::size_t runBytes = 0;
+        auto flushRun = [&] {
+            if (runBytes) std::fwrite(run, 1, runBytes, out());
+            runBytes = 0;
+        };
         sllIterator it;
         sllStartIterator(reply.dataList, it);
         while (sllNextIterator(it)) {
             const void* item = sllGetIteratorValue(it);
             if (reply.dataType != 0) {
-                if (item)
-                    std::fwrite(item, 1, reply.bytesPerRecord, out());
-                else
-                    writeZeros(reply.bytesPerRecord);  // keeps the frame whole
+                const auto* bytes = static_cast<const unsigned char*>(item);
+                if (bytes && runBytes && bytes == run + runBytes) {
+                    runBytes += reply.bytesPerRecord;
+                } else {
+                    flushRun();
+                    if (bytes) {
+                        run = bytes;
+                        runBytes = reply.bytesPerRecord;
+                    } else {
+                        writeZeros(reply.bytesPerRecord);  // keeps the frame whole
+                    }
+                }
             } else if (item) {
                 const auto* text = static_cast<const char*>(item);
                 std::fwrite(text, 1, std::strlen(text) + 1, out());
@@ -83,6 +99,7 @@ void readerWrite(const Request& reply) {
                 std::fputc('\0', out());
             }
         }
+        flushRun();
     }
     std::fflush(out());
 }
