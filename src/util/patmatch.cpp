@@ -1,5 +1,8 @@
 #include "util/patmatch.h"
 
+#include <cstdint>
+#include <cstring>
+
 namespace alm {
 
 namespace {
@@ -10,6 +13,12 @@ bool is_space(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool is_digit(unsigned char c) { return c >= '0' && c <= '9'; }
 bool is_alpha(unsigned char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 unsigned char lower(unsigned char c) { return (c >= 'A' && c <= 'Z') ? static_cast<unsigned char>(c + 32) : c; }
+
+// Pattern characters that stand for more than themselves; white space
+// stands for any white space.
+bool is_special(unsigned char p) {
+    return p == '@' || p == '?' || p == '$' || p == '%' || p == '#' || p == '^' || p == '~' || is_space(p);
+}
 
 bool one_matches(unsigned char p, unsigned char f, bool fold) {
     switch (p) {
@@ -39,11 +48,26 @@ int c_patternmatch2(const char* field, const char* pattern, int fieldlen, int pa
     const auto* p = reinterpret_cast<const unsigned char*>(pattern);
     const bool fold = fold_case != 0;
 
+    // A first pattern character that stands for itself and differs from
+    // the field's first byte decides at once, whatever follows.
+    if (!is_special(p[0]) && (fieldlen <= 0 || !one_matches(p[0], f[0], fold))) return 0;
+
     int plen = 0;
     while (plen < patlen && p[plen] != '\0') ++plen;
-    int width = 0;
-    while (width < fieldlen && f[width] != '\0') ++width;
+    int width = fieldlen > 0 ? fieldlen : 0;
+    if (width > 0) {
+        if (const void* nul = std::memchr(f, '\0', static_cast<std::size_t>(width)))
+            width = static_cast<int>(static_cast<const unsigned char*>(nul) - f);
+    }
     int flen = width;
+    // Blank padding goes eight bytes at a time, other white space one by one.
+    constexpr std::uint64_t kBlanks = 0x2020202020202020ULL;
+    while (flen >= 8) {
+        std::uint64_t tail;
+        std::memcpy(&tail, f + flen - 8, sizeof tail);
+        if (tail != kBlanks) break;
+        flen -= 8;
+    }
     while (flen > 0 && is_space(f[flen - 1])) --flen;
     int cut = width - flen;
 
