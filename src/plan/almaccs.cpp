@@ -109,8 +109,10 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
     if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
 
     *stored = static_cast<std::int16_t>(load_le16(raw.v2.bytes));
-    std::memcpy(buffer, &raw, sizeof *buffer);
-    alm_i_2_e(&raw, buffer, version);
+    // Only an unknown kind, or a version without a conversion, leaves the
+    // buffer untouched; the caller then gets the record as stored.
+    if (alm_i_2_e(&raw, buffer, version) != 0 || (version != 0 && version != 1))
+        std::memcpy(buffer, &raw, sizeof *buffer);
 
     if (ca->production) {
         int slot = kind_slot(ca, *stored);

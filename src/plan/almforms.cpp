@@ -81,14 +81,15 @@ void read_record(V1Kind kind, std::span<const DateField> dates, const ALMRECTYPE
                  std::int16_t alm_version) {
     if (int_buff == nullptr || ext_buff == nullptr) return;
     if (alm_version != kV1 && alm_version != kV2) return;
+    if (alm_version == kV2) {
+        if (static_cast<const void*>(int_buff) != static_cast<const void*>(ext_buff))
+            std::memcpy(ext_buff->bytes, int_buff->bytes, ALM_REC_SIZE_V2);
+        dates_to_gmt(ext_buff->bytes, dates);
+        return;
+    }
     unsigned char src[ALM_REC_SIZE_V2];
     std::memcpy(src, int_buff->bytes, sizeof src);
-    if (alm_version == kV2) {
-        std::memcpy(ext_buff->bytes, src, sizeof src);
-        dates_to_gmt(ext_buff->bytes, dates);
-    } else {
-        v1_widen(kind, src, ext_buff->bytes);
-    }
+    v1_widen(kind, src, ext_buff->bytes);
 }
 
 void write_record(V1Kind kind, std::span<const DateField> dates, const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff,
