@@ -54,6 +54,7 @@ int c_patternmatch2(const char* field, const char* pattern, int fieldlen, int pa
 
     int plen = 0;
     while (plen < patlen && p[plen] != '\0') ++plen;
+    if (plen == 1 && p[0] == '@') return 1;
     int width = fieldlen > 0 ? fieldlen : 0;
     if (width > 0) {
         if (const void* nul = std::memchr(f, '\0', static_cast<std::size_t>(width)))
@@ -78,6 +79,7 @@ int c_patternmatch2(const char* field, const char* pattern, int fieldlen, int pa
     while (fi < flen) {
         if (pi < plen) {
             if (p[pi] == '@') {
+                if (pi == plen - 1) return 1;  // a final "@" takes whatever is left
                 star_pi = pi++;
                 star_fi = fi;
                 continue;
