@@ -94,6 +94,9 @@ struct alm_job_walk : alm_walk {
     char sched[16] = {};
     int cpu_len = -1;
     int sched_len = -1;
+    // Where the job that the last successful lookup returned was read from
+    // (its sj_rec_num need not say so in a damaged plan).
+    std::uint32_t found_at = NULL_REC;
 };
 
 struct alm_comarea {

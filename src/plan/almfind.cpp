@@ -399,7 +399,8 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
                 start = NULL_REC;
                 return NULL_REC;
             }
-            if (alm_read_job(ca, start, sj) < 0) {
+            const std::uint32_t at = start;
+            if (alm_read_job(ca, at, sj) < 0) {
                 start = NULL_REC;
                 return NULL_REC;
             }
@@ -408,6 +409,7 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
                 const bool in_chain = start != NULL_REC;
                 if (!in_chain) start = next_sched;
                 remember(walk, q, next_sched, in_chain);
+                walk.found_at = at;
                 return sj->sj_rec_num;
             }
         }

@@ -56,7 +56,8 @@ ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
     State* ra = ca->read_ahead.get();
     if (ra == nullptr || len == 0 || off < 0) return pread_retry(ca->fnum, buf, len, off);
 
-    bool forward = off == ra->last_end;
+    // Going on from the last read, or skipping a few records ahead of it.
+    bool forward = ra->last_end >= 0 && off >= ra->last_end && off - ra->last_end < static_cast<off_t>(State::kBlockBytes / 8);
     ra->last_end = off + static_cast<off_t>(len);
     for (auto& b : ra->blocks) {
         if (b.len == 0) continue;

@@ -1,5 +1,7 @@
 #include <cstdint>
 #include <cstring>
+#include <new>
+#include <vector>
 
 #include "plan/almfind.h"
 #include "queries/queries.h"
@@ -17,33 +19,35 @@ void readerGetJobs(Request& req) {
     const char* sched = args[2];
     const char* job = args[3];
 
-    // The jobs are counted by one walk and sent as a second walk finds them,
-    // so that a long listing is never held in memory. Should the plan change
-    // between the walks, the reply still holds exactly the records its header
-    // announces: the surplus is left out, a shortfall filled with zeros.
+    // One walk finds the jobs and notes where each was read from; they are
+    // then read again one by one and sent, so that a long listing is never
+    // held in memory. A job that can no longer be read as a job (the plan
+    // changed meanwhile) goes out as zeros: the reply always holds exactly
+    // the records its header announces.
     alm_comarea* ca = querySession(args[0]);
     const alm_read_ahead ahead(ca);
     SJ_RECTYPE sj;
-    std::int64_t count = 0;
+    std::vector<std::uint32_t> found;
     if (ca) {
         std::uint32_t start = 0;
-        while (count < INT32_MAX && alm_find_job(ca, cpu, sched, job, start, &sj) != NULL_REC) ++count;
-    }
-    readerWriteHeader(0, static_cast<int>(req.id), static_cast<int>(count), RecordBuffer::kRecordBytes);
-
-    unsigned char rec[RecordBuffer::kRecordBytes];
-    std::int64_t sent = 0;
-    if (ca) {
-        std::uint32_t start = 0;
-        while (sent < count && alm_find_job(ca, cpu, sched, job, start, &sj) != NULL_REC) {
-            std::memcpy(rec, &sj, sizeof rec);
-            ConvertJobReply(rec);
-            readerWriteBlock(rec, sizeof rec);
-            ++sent;
+        try {
+            while (found.size() < INT32_MAX && alm_find_job(ca, cpu, sched, job, start, &sj) != NULL_REC)
+                found.push_back(ca->job_walk.found_at);
+        } catch (const std::bad_alloc&) {
+            // The jobs found so far are sent, as when the records could not be kept.
         }
     }
-    std::memset(rec, 0, sizeof rec);
-    for (; sent < count; ++sent) readerWriteBlock(rec, sizeof rec);
+    readerWriteHeader(0, static_cast<int>(req.id), static_cast<int>(found.size()), RecordBuffer::kRecordBytes);
+    unsigned char rec[RecordBuffer::kRecordBytes];
+    for (const std::uint32_t at : found) {
+        if (alm_read_job(ca, at, &sj) >= 0) {
+            std::memcpy(rec, &sj, sizeof rec);
+            ConvertJobReply(rec);
+        } else {
+            std::memset(rec, 0, sizeof rec);
+        }
+        readerWriteBlock(rec, sizeof rec);
+    }
     readerWriteTrailer();
 }
 
