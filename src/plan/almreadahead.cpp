@@ -36,8 +36,6 @@ alm_read_ahead::alm_read_ahead(alm_comarea* ca) {
         try {
             auto state = std::make_unique<State>();
             for (auto& b : state->blocks) b.bytes = std::make_unique_for_overwrite<unsigned char[]>(State::kBlockBytes);
-            state->kept_tags = std::make_unique<State::KeptTag[]>(State::kKeptRecords);
-            state->kept = std::make_unique_for_overwrite<unsigned char[]>(State::kKeptRecords * State::kKeptBytes);
             ca->read_ahead = std::move(state);
         } catch (const std::bad_alloc&) {
             return;
@@ -69,18 +67,31 @@ ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
         forward = forward || off == b.start + static_cast<off_t>(b.len);
     }
 
-    const bool keepable = len <= State::kKeptBytes;
+    // A request with only a few reads on their own keeps nothing.
+    bool keepable = len <= State::kKeptBytes && (ra->kept_tags || ++ra->single_reads > 8);
     const std::size_t slot = keepable ? kept_slot(off, len) : 0;
-    unsigned char* kept = ra->kept.get() + slot * State::kKeptBytes;
-    if (keepable && ra->kept_tags[slot].off == off && ra->kept_tags[slot].len == len) {
-        std::memcpy(buf, kept, len);
+    State::KeptTag* tag = nullptr;
+    if (keepable) {
+        if (!ra->kept_tags) {
+            try {
+                ra->kept_tags = std::make_unique<State::KeptTag[]>(State::kKeptRecords);
+            } catch (const std::bad_alloc&) {
+                keepable = false;
+            }
+        }
+        if (keepable) tag = &ra->kept_tags[slot];
+    }
+    if (tag && tag->held && tag->off == off && tag->len == len) {
+        std::memcpy(buf, ra->kept.get() + slot * State::kKeptBytes, len);
         return static_cast<ssize_t>(len);
     }
 
-    if (forward && len <= State::kBlockBytes) {
+    const std::size_t block_bytes = ra->next_block_bytes;
+    if (forward && len <= block_bytes) {
         auto& b = ra->blocks[0].used <= ra->blocks[1].used ? ra->blocks[0] : ra->blocks[1];
         b.len = 0;
-        const ssize_t n = pread_retry(ca->fnum, b.bytes.get(), State::kBlockBytes, off);
+        if (block_bytes < State::kBlockBytes) ra->next_block_bytes = block_bytes * 2;
+        const ssize_t n = pread_retry(ca->fnum, b.bytes.get(), block_bytes, off);
         if (n >= static_cast<ssize_t>(len)) {
             b.start = off;
             b.len = static_cast<std::size_t>(n);
@@ -93,9 +104,19 @@ ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
     }
 
     const ssize_t n = pread_retry(ca->fnum, buf, len, off);
-    if (keepable && n == static_cast<ssize_t>(len)) {
-        std::memcpy(kept, buf, len);
-        ra->kept_tags[slot] = {off, len};
+    if (tag && n == static_cast<ssize_t>(len)) {
+        // Kept when read for the second time since its slot last changed.
+        const bool again = tag->off == off && tag->len == len;
+        if (again && !ra->kept) {
+            try {
+                ra->kept = std::make_unique_for_overwrite<unsigned char[]>(State::kKeptRecords * State::kKeptBytes);
+            } catch (const std::bad_alloc&) {
+            }
+        }
+        tag->off = off;
+        tag->len = len;
+        tag->held = again && ra->kept;
+        if (tag->held) std::memcpy(ra->kept.get() + slot * State::kKeptBytes, buf, len);
     }
     return n;
 }

@@ -41,11 +41,15 @@ struct alm_sched_index_free {
     void operator()(alm_sched_index* index) const noexcept;
 };
 
-// What a session keeps while a scope is open, at most about 2.2 MiB.
+// What a session keeps while a scope is open, at most about 2.2 MiB. A
+// short request touches little of it: the first block is small and each one
+// after it twice as large, and a record read on its own is kept only when it
+// is read a second time.
 struct alm_read_ahead_state {
-    // Two blocks of 128 V2 records, so that a walk looking one record back
-    // across a block boundary still finds it.
+    // Two blocks of up to 128 V2 records, so that a walk looking one record
+    // back across a block boundary still finds it.
     static constexpr std::size_t kBlockBytes = 64 * 1024;
+    static constexpr std::size_t kFirstBlockBytes = 8 * 1024;
     // Records read on their own, by position in the file modulo the count.
     static constexpr std::size_t kKeptRecords = 4096;
     static constexpr std::size_t kKeptBytes = 512;
@@ -59,11 +63,14 @@ struct alm_read_ahead_state {
     struct KeptTag {
         off_t off = -1;  // -1: empty
         std::size_t len = 0;
+        bool held = false;  // the bytes are kept, not only the last read noted
     };
 
     Block blocks[2];
     std::unique_ptr<KeptTag[]> kept_tags;
     std::unique_ptr<unsigned char[]> kept;
+    std::size_t next_block_bytes = kFirstBlockBytes;
+    unsigned single_reads = 0;
     off_t last_end = -1;
     unsigned long clock = 0;
     int depth = 0;
