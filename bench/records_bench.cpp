@@ -94,6 +94,19 @@ void BM_alm_read_job(benchmark::State& state) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * ALM_REC_SIZE_V2);
 }
 
+// The same reads inside a read-ahead scope, as the queries make them.
+void BM_alm_read_job_read_ahead(benchmark::State& state) {
+    alm_session s = open_plan();
+    const alm_read_ahead ahead(s.get());
+    SJ_RECTYPE sj;
+    std::uint32_t n = 1;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(alm_read_job(s.get(), n, &sj));
+        n = n == kJobs ? 1 : n + 1;
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * ALM_REC_SIZE_V2);
+}
+
 // What a record costs beyond the system call: the same record again and
 // again, always in the page cache and the processor's caches.
 void BM_pread_record(benchmark::State& state) {
@@ -135,6 +148,7 @@ void BM_alm_i_2_e_job_v1(benchmark::State& state) { i_2_e(state, v1_job(), 0); }
 
 BENCHMARK(BM_alm_read);
 BENCHMARK(BM_alm_read_job);
+BENCHMARK(BM_alm_read_job_read_ahead);
 BENCHMARK(BM_pread_record);
 BENCHMARK(BM_alm_i_2_e_job_v2);
 BENCHMARK(BM_alm_i_2_e_job_v1);
