@@ -38,15 +38,14 @@ void readerGetJobs(Request& req) {
         }
     }
     readerWriteHeader(0, static_cast<int>(req.id), static_cast<int>(found.size()), RecordBuffer::kRecordBytes);
-    unsigned char rec[RecordBuffer::kRecordBytes];
+    static_assert(sizeof sj == RecordBuffer::kRecordBytes);
     for (const std::uint32_t at : found) {
-        if (alm_read_job(ca, at, &sj) >= 0) {
-            std::memcpy(rec, &sj, sizeof rec);
+        unsigned char* rec = record_bytes(&sj);
+        if (alm_read_job(ca, at, &sj) >= 0)
             ConvertJobReply(rec);
-        } else {
-            std::memset(rec, 0, sizeof rec);
-        }
-        readerWriteBlock(rec, sizeof rec);
+        else
+            std::memset(rec, 0, sizeof sj);
+        readerWriteBlock(rec, sizeof sj);
     }
     readerWriteTrailer();
 }
