@@ -50,14 +50,6 @@ int kind_slot(const alm_comarea* ca, std::int16_t code) {
     return -1;
 }
 
-ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off) {
-    ssize_t n;
-    do {
-        n = ::pread(fd, buf, len, off);
-    } while (n < 0 && errno == EINTR);
-    return n;
-}
-
 ssize_t pwrite_retry(int fd, const void* buf, std::size_t len, off_t off) {
     ssize_t n;
     do {
@@ -105,7 +97,8 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
         int e = errno;
         return set_error(ca, (e == EINVAL || e == EOVERFLOW || e == ESPIPE) ? ALM_E_SEEK : ALM_E_READ, e, recnum);
     }
-    if (n != size) return set_error(ca, ALM_E_READ, 0, recnum);
+    // A record cut short by the end of the file is an I/O error of that record.
+    if (n != size) return set_error(ca, ALM_E_READ, EIO, recnum);
     if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
 
     *stored = static_cast<std::int16_t>(load_le16(raw.v2.bytes));

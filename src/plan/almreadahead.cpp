@@ -15,6 +15,12 @@ namespace {
 
 using State = alm_read_ahead_state;
 
+std::size_t kept_slot(off_t off, std::size_t len) {
+    return static_cast<std::size_t>(off) / len % State::kKeptRecords;
+}
+
+}  // namespace
+
 ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off) {
     ssize_t n;
     do {
@@ -22,12 +28,6 @@ ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off) {
     } while (n < 0 && errno == EINTR);
     return n;
 }
-
-std::size_t kept_slot(off_t off, std::size_t len) {
-    return static_cast<std::size_t>(off) / len % State::kKeptRecords;
-}
-
-}  // namespace
 
 alm_read_ahead::alm_read_ahead(alm_comarea* ca) {
     if (!alm_valid(ca)) return;

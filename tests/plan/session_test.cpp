@@ -295,8 +295,12 @@ TEST_F(SessionTest, ShortRecordIsAReadError) {
     std::memset(&job, 0x5A, sizeof job);
     EXPECT_EQ(alm_read_job(ca, 7, &job), -1);
     EXPECT_EQ(ca->err_type, ALM_E_READ);
+    EXPECT_EQ(ca->err_num, EIO);  // so the message names the errno and the record in their places
     EXPECT_EQ(ca->last_recnum, 7);
     EXPECT_EQ(ca->expected_type, SJ_CODE);
+    char msg[ALM_ERRTEXT_SIZE];
+    msg_almerr(ca, msg, sizeof msg);
+    EXPECT_NE(std::string(msg).find("20720009"), std::string::npos) << msg;
     EXPECT_EQ(reinterpret_cast<unsigned char*>(&job)[0], 0x5A);  // untouched
     close_ok(ca);
 }
