@@ -114,7 +114,7 @@ TEST(BadDescription, ExistingOutputIsLeftAlone) {
     const std::string desc = dir.write("plan.txt", std::string(kBase) + "  set sj_nope 1\n");
     const RunResult r = run_almplan({"build", desc, out});
     EXPECT_NE(r.status, 0);
-    EXPECT_EQ(read_bytes(out), "previous plan");
+    EXPECT_EQ(read_file(out), "previous plan");
     EXPECT_EQ(dir.entries(), (std::vector<std::string>{"Almanack", "plan.txt"}));
 }
 
@@ -124,7 +124,7 @@ TEST(BadDescription, GoodBuildReplacesExistingOutput) {
     const std::string desc = dir.write("plan.txt", kBase);
     const RunResult r = run_almplan({"build", desc, out});
     ASSERT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(read_bytes(out).size(), 4u * 512u);
+    EXPECT_EQ(read_file(out).size(), 4u * 512u);
     EXPECT_EQ(dir.entries(), (std::vector<std::string>{"Almanack", "plan.txt"}));
 }
 

@@ -65,7 +65,7 @@ void check_case(const FieldCase& c, bool v1) {
     args.push_back(dir.file("p"));
     const RunResult r = run_almplan(args);
     ASSERT_EQ(r.status, 0) << r.err;
-    const std::string bytes = read_bytes(dir.file("p"));
+    const std::string bytes = read_file(dir.file("p"));
     const std::size_t rec_size = v1 ? 256 : 512;
     ASSERT_EQ(bytes.size(), 8 * rec_size);
     const auto* raw = reinterpret_cast<const unsigned char*>(bytes.data()) + static_cast<std::size_t>(c.rec) * rec_size;

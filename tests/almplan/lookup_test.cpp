@@ -24,11 +24,7 @@ std::string trimmed(const char* field, std::size_t width) {
 class LibraryLookups : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
-        std::vector<std::string> args{"build"};
-        if (GetParam()) args.push_back("--v1");
-        args.push_back(sample_path());
-        args.push_back(dir_.file("Almanack"));
-        const RunResult r = run_almplan(args);
+        const RunResult r = build_sample(dir_.file("Almanack"), GetParam());
         ASSERT_EQ(r.status, 0) << r.err;
         char errtext[ALM_ERRTEXT_SIZE] = {};
         int status = -1;

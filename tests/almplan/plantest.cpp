@@ -1,19 +1,12 @@
 #include "almplan/plantest.h"
 
-#include <fcntl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -24,72 +17,18 @@ namespace almtest {
 
 using namespace alm;
 
-TempDir::TempDir() {
-    std::string tmpl = (std::filesystem::temp_directory_path() / "almplan-XXXXXX").string();
-    if (::mkdtemp(tmpl.data()) == nullptr) std::abort();
-    path_ = tmpl;
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
-}
-
-std::string TempDir::write(const std::string& name, const std::string& text) const {
-    const std::string p = file(name);
-    std::ofstream(p, std::ios::binary) << text;
-    return p;
-}
-
-std::vector<std::string> TempDir::entries() const {
-    std::vector<std::string> names;
-    for (const auto& e : std::filesystem::directory_iterator(path_)) names.push_back(e.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 bool file_exists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
-
-std::string read_bytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
 
 std::string sample_path() { return std::string(ALM_SOURCE_DIR) + "/examples/sample.plan.txt"; }
 
 RunResult run_almplan(const std::vector<std::string>& args) {
-    TempDir streams;
-    const std::string out_path = streams.file("stdout");
-    const std::string err_path = streams.file("stderr");
-    const std::string tool = std::string(ALM_BUILD_DIR) + "/bin/almplan";
-    std::vector<std::string> argv_store{tool};
-    argv_store.insert(argv_store.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (auto& a : argv_store) argv.push_back(a.data());
-    argv.push_back(nullptr);
-
-    RunResult r;
-    const pid_t pid = ::fork();
-    if (pid < 0) return r;
-    if (pid == 0) {
-        const int o = ::open(out_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        const int e = ::open(err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        if (o < 0 || e < 0 || ::dup2(o, 1) < 0 || ::dup2(e, 2) < 0) ::_exit(126);
-        ::execv(tool.c_str(), argv.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    while (::waitpid(pid, &status, 0) < 0) {
-        if (errno != EINTR) return r;
-    }
-    r.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    r.out = read_bytes(out_path);
-    r.err = read_bytes(err_path);
-    return r;
+    return alm::test::run_program(alm::test::built_program("almplan"), args);
 }
 
+RunResult build_sample(const std::string& out, bool v1) { return alm::test::build_plan(sample_path(), out, v1); }
+
 bool Plan::load(const std::string& path) {
-    bytes_ = read_bytes(path);
+    bytes_ = read_file(path);
     if (bytes_.size() < static_cast<std::size_t>(ALM_REC_SIZE_V1)) return false;
     version_ = static_cast<std::int16_t>(load_le16(bytes_.data() + 254));
     rec_size_ = alm_rec_size(version_);

@@ -1,44 +1,29 @@
-// Helpers for the almplan tests: a scratch directory, running the built
-// tool, and reading a written plan back record by record.
+// Helpers for the almplan tests: running the built tool, and reading a
+// written plan back record by record.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "common/files.h"
+#include "common/runprogram.h"
+#include "common/tempdir.h"
 #include "plan/almrecs.h"
 
 namespace almtest {
 
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-
-    const std::string& path() const { return path_; }
-    std::string file(const std::string& name) const { return path_ + "/" + name; }
-    std::string write(const std::string& name, const std::string& text) const;
-    // Names in the directory, sorted, without "." and "..".
-    std::vector<std::string> entries() const;
-
-private:
-    std::string path_;
-};
-
-struct RunResult {
-    int status = -1;  // exit status, or -1 when the tool did not exit normally
-    std::string out;
-    std::string err;
-};
+using alm::test::read_file;
+using alm::test::RunResult;
+using alm::test::TempDir;
 
 // Runs BUILD/bin/almplan with the arguments and collects its output.
 RunResult run_almplan(const std::vector<std::string>& args);
 std::string sample_path();
+// Builds the sample plan, in version 1 or 2, at out.
+RunResult build_sample(const std::string& out, bool v1);
 
 bool file_exists(const std::string& path);
-std::string read_bytes(const std::string& path);
 
 // A plan file read back: raw records as stored and their external form.
 class Plan {

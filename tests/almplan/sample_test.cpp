@@ -25,11 +25,7 @@ std::int32_t day_epoch_utc(int y, int m, int d) {
 class SamplePlan : public ::testing::TestWithParam<bool> {
 protected:
     void SetUp() override {
-        std::vector<std::string> args{"build"};
-        if (GetParam()) args.push_back("--v1");
-        args.push_back(sample_path());
-        args.push_back(dir_.file("Almanack"));
-        const RunResult r = run_almplan(args);
+        const RunResult r = build_sample(dir_.file("Almanack"), GetParam());
         ASSERT_EQ(r.status, 0) << r.err;
         EXPECT_EQ(r.err, "");
         ASSERT_TRUE(plan_.load(dir_.file("Almanack")));
@@ -51,7 +47,7 @@ TEST_P(SamplePlan, HasTheVersionsRecordLayout) {
     const bool v1 = GetParam();
     EXPECT_EQ(plan_.version(), v1 ? 0 : 1);
     EXPECT_EQ(plan_.rec_size(), v1 ? 256 : 512);
-    EXPECT_EQ(read_bytes(dir_.file("Almanack")).size() % static_cast<std::size_t>(plan_.rec_size()), 0u);
+    EXPECT_EQ(read_file(dir_.file("Almanack")).size() % static_cast<std::size_t>(plan_.rec_size()), 0u);
     EXPECT_EQ(load_le16(plan_.raw(0) + 254), v1 ? 0 : 1);
     // "RH" on disk in both versions.
     EXPECT_EQ(plan_.raw(0)[0], 'R');
@@ -182,17 +178,17 @@ TEST(SamplePlanV1, RawRecordsHoldEightByteNames) {
 
 TEST(SamplePlanV1, FormatLineMatchesTheOption) {
     TempDir dir;
-    const std::string desc = dir.write("v1.txt", "# old format\nformat v1\n" + read_bytes(sample_path()));
+    const std::string desc = dir.write("v1.txt", "# old format\nformat v1\n" + read_file(sample_path()));
     const RunResult a = run_almplan({"build", desc, dir.file("a")});
     const RunResult b = run_almplan({"build", "--v1", sample_path(), dir.file("b")});
     ASSERT_EQ(a.status, 0) << a.err;
     ASSERT_EQ(b.status, 0) << b.err;
-    EXPECT_EQ(read_bytes(dir.file("a")), read_bytes(dir.file("b")));
+    EXPECT_EQ(read_file(dir.file("a")), read_file(dir.file("b")));
     // --v1 wins over a format line.
-    const std::string v2 = dir.write("v2.txt", "format v2\n" + read_bytes(sample_path()));
+    const std::string v2 = dir.write("v2.txt", "format v2\n" + read_file(sample_path()));
     const RunResult c = run_almplan({"build", "--v1", v2, dir.file("c")});
     ASSERT_EQ(c.status, 0) << c.err;
-    EXPECT_EQ(read_bytes(dir.file("c")), read_bytes(dir.file("b")));
+    EXPECT_EQ(read_file(dir.file("c")), read_file(dir.file("b")));
 }
 
 TEST(SamplePlanBoth, VersionsHoldTheSameRecords) {

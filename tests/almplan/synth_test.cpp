@@ -96,7 +96,7 @@ TEST_P(SynthPlan, SameOptionsSameBytes) {
     TempDir dir;
     ASSERT_EQ(synth(dir.file("a"), 2, 2, 30, true, GetParam()).status, 0);
     ASSERT_EQ(synth(dir.file("b"), 2, 2, 30, true, GetParam()).status, 0);
-    EXPECT_EQ(read_bytes(dir.file("a")), read_bytes(dir.file("b")));
+    EXPECT_EQ(read_file(dir.file("a")), read_file(dir.file("b")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, SynthPlan, ::testing::Values(false, true),
@@ -147,14 +147,14 @@ TEST(SynthPlanV1, LargestPlanThatFits) {
     EXPECT_EQ(synth(dir.file("big"), 1, 1, 32766, false, true).status, 1);
     const RunResult r = synth(dir.file("p"), 1, 2, 16382, false, true);
     ASSERT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(read_bytes(dir.file("p")).size(), 32768u * 256u);
+    EXPECT_EQ(read_file(dir.file("p")).size(), 32768u * 256u);
     EXPECT_FALSE(file_exists(dir.file("big")));
 }
 
 TEST(SynthPlanV1, RecordsAreV1Layouts) {
     TempDir dir;
     ASSERT_EQ(synth(dir.file("p"), 2, 3, 4, true, true).status, 0);
-    const std::string bytes = read_bytes(dir.file("p"));
+    const std::string bytes = read_file(dir.file("p"));
     ASSERT_EQ(bytes.size() % 256, 0u);
     Plan p;
     ASSERT_TRUE(p.load(dir.file("p")));
