@@ -2,31 +2,16 @@
 
 #include <iconv.h>
 #include <stdlib.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <map>
-#include <sstream>
 
+#include "common/runprogram.h"
 #include "util/endian.h"
 
 namespace alm::test {
-
-TempDir::TempDir() {
-    std::string tmpl = (std::filesystem::temp_directory_path() / "almcs.XXXXXX").string();
-    std::vector<char> buf(tmpl.begin(), tmpl.end());
-    buf.push_back('\0');
-    if (::mkdtemp(buf.data()) != nullptr) path_ = buf.data();
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    if (!path_.empty()) std::filesystem::remove_all(path_, ec);
-}
 
 ScopedEnv::ScopedEnv(const char* name, std::optional<std::string> value) : name_(name) {
     if (const char* old = std::getenv(name)) old_ = old;
@@ -44,22 +29,7 @@ ScopedEnv::~ScopedEnv() {
 }
 
 int run_almcodeset(const std::vector<std::string>& args) {
-    const std::string tool = ALM_BUILD_DIR "/bin/almcodeset";
-    std::vector<char*> argv;
-    argv.push_back(const_cast<char*>(tool.c_str()));
-    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    const pid_t pid = ::fork();
-    if (pid < 0) return -1;
-    if (pid == 0) {
-        if (std::FILE* null = std::freopen("/dev/null", "w", stderr)) (void)null;
-        ::execv(tool.c_str(), argv.data());
-        ::_exit(127);
-    }
-    int status = 0;
-    while (::waitpid(pid, &status, 0) < 0 && errno == EINTR) {
-    }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return run_program(built_program("almcodeset"), args).status;
 }
 
 const std::string& shared_ilsdir() {
@@ -73,18 +43,6 @@ std::string ensure_table(const std::string& codeset, const std::string& type) {
         made[codeset] = run_almcodeset({codeset, type, shared_ilsdir()}) == 0;
     }
     return codeset;
-}
-
-void write_file(const std::string& path, const std::string& bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-std::string read_file(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
 }
 
 std::optional<std::string> iconv_convert(const char* from, const char* to, const std::string& in,

@@ -1,28 +1,18 @@
-// Shared test helpers: temporary directories, environment overrides, the
-// almcodeset tool, iconv as the reference converter, and hand-made tables.
+// Helpers for the code set tests: environment overrides, the almcodeset
+// tool, iconv as the reference converter, and hand-made tables. Temporary
+// directories and whole files come from the shared test support.
 #pragma once
 
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "common/files.h"
+#include "common/tempdir.h"
+
 namespace alm::test {
-
-// A fresh directory, removed with everything in it at scope end.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
-};
 
 // Sets (or, with nullopt, unsets) one environment variable for a scope.
 class ScopedEnv {
@@ -37,7 +27,7 @@ private:
     std::optional<std::string> old_;
 };
 
-// Runs the built almcodeset with args (stderr discarded); its exit status.
+// Runs the built almcodeset with args, its output dropped; its exit status.
 int run_almcodeset(const std::vector<std::string>& args);
 
 // One directory for the whole test process holding tables made by
@@ -45,9 +35,6 @@ int run_almcodeset(const std::vector<std::string>& args);
 const std::string& shared_ilsdir();
 // Makes the table for an iconv code set once; returns its table name.
 std::string ensure_table(const std::string& codeset, const std::string& type);
-
-void write_file(const std::string& path, const std::string& bytes);
-std::string read_file(const std::string& path);
 
 // iconv from one code set to another; nullopt when iconv rejects the input
 // (or the code set). *incomplete, when given, tells whether the input was
