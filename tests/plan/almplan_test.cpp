@@ -1,15 +1,11 @@
 // The plan library on plans written by almplan, and almplan dump.
-#include <sys/wait.h>
-
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "common/runprogram.h"
 #include "plan/almaccs.h"
 #include "plan/almfind.h"
 #include "plan_builder.h"
@@ -17,33 +13,10 @@
 namespace alm {
 namespace {
 
-const std::string kAlmplan = std::string(ALM_BUILD_DIR) + "/bin/almplan";
+using test::RunResult;
 
-struct CmdResult {
-    int status;
-    std::string out;
-};
-
-// Runs a shell command; standard output is captured, standard error is
-// appended to it when asked.
-CmdResult run(const std::string& cmd, bool with_stderr = false) {
-    std::string full = cmd + (with_stderr ? " 2>&1" : " 2>/dev/null");
-    CmdResult r{-1, {}};
-    FILE* p = ::popen(full.c_str(), "r");
-    if (p == nullptr) return r;
-    char buf[4096];
-    std::size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) r.out.append(buf, n);
-    int st = ::pclose(p);
-    r.status = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
-    return r;
-}
-
-std::vector<std::string> lines_of(const std::string& s) {
-    std::vector<std::string> out;
-    std::istringstream in(s);
-    for (std::string l; std::getline(in, l);) out.push_back(l);
-    return out;
+RunResult almplan(const std::vector<std::string>& args) {
+    return test::run_program(test::built_program("almplan"), args);
 }
 
 class AlmplanTest : public ::testing::Test {
@@ -52,21 +25,21 @@ protected:
     alm_session session;
 
     void SetUp() override {
-        if (!std::filesystem::exists(kAlmplan)) GTEST_SKIP() << "almplan not built";
+        if (!std::filesystem::exists(test::built_program("almplan"))) GTEST_SKIP() << "almplan not built";
     }
 
     std::string build(const std::string& desc, const std::string& name = "plan", bool v1 = false) {
-        std::string d = dir.path(name + ".txt");
-        std::ofstream(d) << desc;
-        std::string out = dir.path(name);
-        CmdResult r = run(kAlmplan + " build " + (v1 ? "--v1 " : "") + d + " " + out, true);
-        EXPECT_EQ(r.status, 0) << r.out;
+        const std::string out = dir.file(name);
+        const RunResult r = test::build_plan(dir.write(name + ".txt", desc), out, v1);
+        EXPECT_EQ(r.status, 0) << r.out << r.err;
         return out;
     }
-    std::string synth(const std::string& args, const std::string& name) {
-        std::string out = dir.path(name);
-        CmdResult r = run(kAlmplan + " synth " + args + " " + out, true);
-        EXPECT_EQ(r.status, 0) << r.out;
+    std::string synth(std::vector<std::string> args, const std::string& name) {
+        const std::string out = dir.file(name);
+        args.insert(args.begin(), "synth");
+        args.push_back(out);
+        const RunResult r = almplan(args);
+        EXPECT_EQ(r.status, 0) << r.out << r.err;
         return out;
     }
     alm_comarea* open(const std::string& path) {
@@ -117,7 +90,9 @@ const char* kThree =
 TEST_F(AlmplanTest, SyntheticPlansOfBothVersions) {
     for (bool v1 : {false, true}) {
         SCOPED_TRACE(v1 ? "V1" : "V2");
-        std::string path = synth(std::string("--cpus 3 --scheds 2 --jobs 4") + (v1 ? " --v1" : ""), v1 ? "s1" : "s2");
+        std::vector<std::string> args{"--cpus", "3", "--scheds", "2", "--jobs", "4"};
+        if (v1) args.push_back("--v1");
+        std::string path = synth(args, v1 ? "s1" : "s2");
         alm_comarea* ca = open(path);
         ASSERT_NE(ca, nullptr);
         EXPECT_EQ(alm_rec_size_of(ca), v1 ? 256 : 512);
@@ -134,7 +109,7 @@ TEST_F(AlmplanTest, SyntheticPlansOfBothVersions) {
 }
 
 TEST_F(AlmplanTest, SyntheticPlanWithDependenciesWalksEveryJob) {
-    std::string path = synth("--cpus 4 --scheds 5 --jobs 20 --deps", "Almanack");
+    std::string path = synth({"--cpus", "4", "--scheds", "5", "--jobs", "20", "--deps"}, "Almanack");
     alm_comarea* ca = open(path);
     ASSERT_NE(ca, nullptr);
     EXPECT_EQ(ca->production, 1);
@@ -143,7 +118,7 @@ TEST_F(AlmplanTest, SyntheticPlanWithDependenciesWalksEveryJob) {
 }
 
 TEST_F(AlmplanTest, EarlyStopOnABuiltPlan) {
-    std::filesystem::create_directory(dir.path("prod"));
+    std::filesystem::create_directory(dir.file("prod"));
     std::string path = build(kThree, "prod/Almanack");
     alm_comarea* ca = open(path);
     ASSERT_NE(ca, nullptr);
@@ -190,9 +165,9 @@ TEST_F(AlmplanTest, LoopingScheduleChainFromALinkLine) {
 
 TEST_F(AlmplanTest, DumpListsEveryRecord) {
     std::string path = build(kThree);
-    CmdResult r = run(kAlmplan + " dump " + path);
+    RunResult r = almplan({"dump", path});
     ASSERT_EQ(r.status, 0);
-    auto lines = lines_of(r.out);
+    auto lines = r.lines();
     ASSERT_EQ(lines.size(), 13u);
     EXPECT_EQ(lines[0].rfind("#0 header RH ", 0), 0u) << lines[0];
     EXPECT_NE(lines[0].find(" first_cpu=1 "), std::string::npos) << lines[0];
@@ -207,9 +182,9 @@ TEST_F(AlmplanTest, DumpListsEveryRecord) {
     }
     EXPECT_TRUE(saw_job);
 
-    r = run(kAlmplan + " dump " + path + " --json");
+    r = almplan({"dump", path, "--json"});
     ASSERT_EQ(r.status, 0);
-    lines = lines_of(r.out);
+    lines = r.lines();
     ASSERT_EQ(lines.size(), 13u);
     EXPECT_EQ(lines[0].rfind("{\"rec\":0,\"kind\":\"header\",\"code\":\"RH\",", 0), 0u) << lines[0];
     EXPECT_NE(lines[1].find("\"cpu\":\"A\""), std::string::npos) << lines[1];
@@ -234,7 +209,7 @@ TEST_F(AlmplanTest, DumpShowsFlagsDependenciesAndDates) {
         "  set sj_flags 0x1001\n"
         "  dep job A FIRST ONE\n";
     std::string path = build(desc);
-    CmdResult r = run(kAlmplan + " dump " + path);
+    const RunResult r = almplan({"dump", path});
     ASSERT_EQ(r.status, 0);
     EXPECT_NE(r.out.find("sched_date=2026-11-22"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("sched_date=\"2026-11-22 08:15\""), std::string::npos) << r.out;
@@ -244,20 +219,20 @@ TEST_F(AlmplanTest, DumpShowsFlagsDependenciesAndDates) {
 }
 
 TEST_F(AlmplanTest, DumpFailures) {
-    CmdResult r = run(kAlmplan + " dump " + dir.path("missing"), true);
+    RunResult r = almplan({"dump", dir.file("missing")});
     EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.out.find("20720035"), std::string::npos) << r.out;
-    r = run(kAlmplan + " dump", true);
+    EXPECT_NE(r.err.find("20720035"), std::string::npos) << r.err;
+    r = almplan({"dump"});
     EXPECT_EQ(r.status, 2);
-    r = run(kAlmplan + " dump a b", true);
+    r = almplan({"dump", "a", "b"});
     EXPECT_EQ(r.status, 2);
 
     // A record cut short after the header: reported, the rest still listed.
     std::string path = build(kThree);
     std::filesystem::resize_file(path, 12 * 512 + 100);
-    r = run(kAlmplan + " dump " + path);
+    r = almplan({"dump", path});
     EXPECT_EQ(r.status, 0);  // the partial record is not counted
-    EXPECT_EQ(lines_of(r.out).size(), 12u);
+    EXPECT_EQ(r.lines().size(), 12u);
 }
 
 }  // namespace

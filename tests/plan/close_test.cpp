@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -19,11 +18,7 @@ namespace alm {
 namespace {
 
 using test::PlanBuilder;
-
-std::vector<unsigned char> slurp(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
+using test::slurp;
 
 bool fd_open(int fd) { return ::fcntl(fd, F_GETFD) != -1 || errno != EBADF; }
 
@@ -37,7 +32,7 @@ protected:
         b.cpu("A");
         auto s = b.sched("A", "S1");
         b.job(s, "J1");
-        std::string path = dir.path(name);
+        std::string path = dir.file(name);
         b.write(path);
         return path;
     }
@@ -244,7 +239,7 @@ TEST_F(CloseTest, OwningHandleClosesOnScopeExit) {
     EXPECT_FALSE(fd_open(fd));
 
     int status = -1;
-    alm_session none = alm_open_session(dir.path("missing").c_str(), ALM_MODE_READ, &status, nullptr);
+    alm_session none = alm_open_session(dir.file("missing").c_str(), ALM_MODE_READ, &status, nullptr);
     EXPECT_EQ(status, ALM_E_NOFILE);
     EXPECT_FALSE(none);
 }

@@ -26,13 +26,13 @@ protected:
     alm_session session;
 
     alm_comarea* open_plan(const PlanBuilder& b, const std::string& name = "plan") {
-        std::filesystem::create_directories(std::filesystem::path(dir.path(name)).parent_path());
-        b.write(dir.path(name));
-        return open_path(dir.path(name));
+        std::filesystem::create_directories(std::filesystem::path(dir.file(name)).parent_path());
+        b.write(dir.file(name));
+        return open_path(dir.file(name));
     }
     alm_comarea* open_recs(const std::vector<Record>& recs) {
-        PlanBuilder::write(dir.path("plan"), recs);
-        return open_path(dir.path("plan"));
+        PlanBuilder::write(dir.file("plan"), recs);
+        return open_path(dir.file("plan"));
     }
     alm_comarea* open_path(const std::string& path) {
         int status = -1;
@@ -176,7 +176,7 @@ TEST_F(FindTest, SchedulesByBothNames) {
 // The chain is ordered by workstation: a plain name stops at the first
 // schedule of a greater one and leaves the cursor and buffer there.
 TEST_F(FindTest, PlainWorkstationStopsAtTheFirstGreaterSchedule) {
-    std::filesystem::create_directory(dir.path("prod"));
+    std::filesystem::create_directory(dir.file("prod"));
     alm_comarea* ca = open_plan(three_workstations(), "prod/Almanack");
     ASSERT_NE(ca, nullptr);
     SS_RECTYPE rec{};

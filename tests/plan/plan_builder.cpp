@@ -3,12 +3,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <map>
 #include <stdexcept>
 
+#include "common/files.h"
 #include "util/endian.h"
 
 namespace alm::test {
@@ -307,15 +306,9 @@ void put_link(Record& r, bool v2, std::size_t off_v2, std::size_t off_v1, std::u
         put16(r, off_v1, static_cast<std::uint16_t>(v));
 }
 
-TempDir::TempDir() {
-    std::string tmpl = (std::filesystem::temp_directory_path() / "almplan-test-XXXXXX").string();
-    if (::mkdtemp(tmpl.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-    dir_ = tmpl;
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(dir_, ec);
+Record slurp(const std::string& path) {
+    const std::string bytes = read_file(path);
+    return Record(bytes.begin(), bytes.end());
 }
 
 }  // namespace alm::test

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "common/tempdir.h"
 #include "plan/almrecs.h"
 
 namespace alm::test {
@@ -55,18 +56,7 @@ void put32(Record& r, std::size_t off, std::uint32_t v);
 // A record number field of either version (u16 in V1, u32 in V2).
 void put_link(Record& r, bool v2, std::size_t off_v2, std::size_t off_v1, std::uint32_t v);
 
-// A fresh private directory, removed with its files at destruction.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    std::string path(const std::string& name) const { return dir_ + "/" + name; }
-    const std::string& dir() const { return dir_; }
-
-private:
-    std::string dir_;
-};
+// The bytes of a file.
+Record slurp(const std::string& path);
 
 }  // namespace alm::test

@@ -24,12 +24,8 @@ namespace {
 
 using test::HoldingChild;
 using test::PlanBuilder;
+using test::slurp;
 using test::Record;
-
-std::vector<unsigned char> slurp(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 void append(const std::string& path, const Record& r) {
     std::ofstream out(path, std::ios::binary | std::ios::app);
@@ -57,7 +53,7 @@ protected:
         b.job(s1, "J2");
         auto s2 = b.sched("B", "S2");
         b.job(s2, "J3");
-        std::string path = dir.path(name);
+        std::string path = dir.file(name);
         b.write(path);
         return path;
     }
@@ -83,7 +79,7 @@ protected:
 // ---------------------------------------------------------------- opening
 
 TEST_F(SessionTest, MissingFileGives35AndANullHandle) {
-    std::string path = dir.path("nothing-here");
+    std::string path = dir.file("nothing-here");
     alm_comarea* ca = reinterpret_cast<alm_comarea*>(&errtext);  // must be overwritten
     SH_RECTYPE hdr{};
     EXPECT_EQ(alm_open_text(path.c_str(), ALM_MODE_READ, 0, &ca, &hdr, errtext), ALM_E_NOFILE);
@@ -96,7 +92,7 @@ TEST_F(SessionTest, MissingFileGives35AndANullHandle) {
 TEST_F(SessionTest, UnopenableFileGives1) {
     alm_comarea* ca = nullptr;
     // A directory cannot be opened for writing (EISDIR).
-    EXPECT_EQ(alm_open_text(dir.dir().c_str(), ALM_MODE_UPDATE, 0, &ca, nullptr, errtext), ALM_E_OPEN);
+    EXPECT_EQ(alm_open_text(dir.path().c_str(), ALM_MODE_UPDATE, 0, &ca, nullptr, errtext), ALM_E_OPEN);
     EXPECT_EQ(ca, nullptr);
     EXPECT_NE(std::string(errtext).find("20720001"), std::string::npos) << errtext;
 }
@@ -194,7 +190,7 @@ TEST_F(SessionTest, Version2FileIsReadWith512ByteRecordsUnconverted) {
     auto recs = b.build();
     test::put16(recs[0], 254, 2);
     recs.push_back(Record(100, 'x'));  // a partial last record does not count
-    std::string path = dir.path("plan");
+    std::string path = dir.file("plan");
     PlanBuilder::write(path, recs);
 
     SH_RECTYPE hdr{};
@@ -336,7 +332,7 @@ TEST_F(SessionTest, TypedReadsCheckTheKind) {
     b.file("/tmp/f");                 // 10
     b.resource("A", "TAPES");         // 11
     b.raw(static_cast<std::uint16_t>(SC_CODE));  // 12
-    std::string path = dir.path("plan");
+    std::string path = dir.file("plan");
     b.write(path);
     alm_comarea* ca = open_ok(path);
     ASSERT_NE(ca, nullptr);
@@ -402,7 +398,7 @@ TEST_F(SessionTest, HeaderIsCachedOnlyWhenExclusive) {
 
 // Reads per kind are counted for the file named Almanack only.
 TEST_F(SessionTest, ProductionReadCounts) {
-    std::filesystem::create_directory(dir.path("prod"));
+    std::filesystem::create_directory(dir.file("prod"));
     std::string prod = small_plan("prod/Almanack");
     std::string old = small_plan("prod/Almanack.old");
 
@@ -445,7 +441,7 @@ TEST_F(SessionTest, ProductionReadCounts) {
 }
 
 TEST_F(SessionTest, ProductionCountsExactlyPerRead) {
-    std::filesystem::create_directory(dir.path("p"));
+    std::filesystem::create_directory(dir.file("p"));
     std::string prod = small_plan("p/Almanack");
     alm_comarea* ca = open_ok(prod);
     ASSERT_NE(ca, nullptr);
