@@ -59,26 +59,26 @@ const std::string ROUND_TRIP_LISTING =
     "10 bell \\007, del \\177, \\r\\v\\b\\f and UTF-8 caf\xc3\xa9\n";
 
 TEST(Almcat, RoundTrip) {
-    TempHome home;
+    TempDir home;
     const std::string src = home.write("a.msg", ROUND_TRIP_SOURCE);
-    RunResult c = almcat(src + " " + home.path("a.cat"));
+    RunResult c = almcat(src + " " + home.file("a.cat"));
     ASSERT_EQ(c.status, 0) << c.err;
     EXPECT_EQ(c.err, "");
-    RunResult l = almcat("--list " + home.path("a.cat"));
+    RunResult l = almcat("--list " + home.file("a.cat"));
     ASSERT_EQ(l.status, 0) << l.err;
     EXPECT_EQ(l.out, ROUND_TRIP_LISTING);
 
     // The listing compiles to the very same file.
     const std::string again = home.write("b.msg", l.out);
-    ASSERT_EQ(almcat(again + " " + home.path("b.cat")).status, 0);
-    EXPECT_EQ(read_file(home.path("a.cat")), read_file(home.path("b.cat")));
+    ASSERT_EQ(almcat(again + " " + home.file("b.cat")).status, 0);
+    EXPECT_EQ(read_file(home.file("a.cat")), read_file(home.file("b.cat")));
 }
 
 TEST(Almcat, FileLayout) {
-    TempHome home;
+    TempDir home;
     const std::string src = home.write("s.msg", "$set 3\n1 hi\n2 yo\n$set 7\n4 z\n");
-    ASSERT_EQ(almcat(src + " " + home.path("s.cat")).status, 0);
-    const std::string got = read_file(home.path("s.cat"));
+    ASSERT_EQ(almcat(src + " " + home.file("s.cat")).status, 0);
+    const std::string got = read_file(home.file("s.cat"));
     std::vector<unsigned char> want;
     auto be = [&](std::uint32_t v) {
         unsigned char b[4];
@@ -101,10 +101,10 @@ TEST(Almcat, FileLayout) {
 }
 
 TEST(Almcat, DeletedRecordsKeptOnRequestAreSkippedByReaders) {
-    TempHome home;
+    TempDir home;
     const std::string src = home.write("d.msg", "$set 1\n1 a\n$set 2\n1 b\n2 c\n2\n3 d\n$delset 1\n");
-    ASSERT_EQ(almcat("--keep-deleted " + src + " " + home.path("d.cat")).status, 0);
-    const std::string bytes = read_file(home.path("d.cat"));
+    ASSERT_EQ(almcat("--keep-deleted " + src + " " + home.file("d.cat")).status, 0);
+    const std::string bytes = read_file(home.file("d.cat"));
     ASSERT_GE(bytes.size(), 56u);
     const auto* b = reinterpret_cast<const unsigned char*>(bytes.data());
     EXPECT_EQ(load_be32(b + 20), 1u);           // one valid set
@@ -116,7 +116,7 @@ TEST(Almcat, DeletedRecordsKeptOnRequestAreSkippedByReaders) {
     EXPECT_EQ(load_be32(b + recs + 12 + 8), 1u);
 
     RunResult r = run_child([&] {
-        nim_catd h = loadCat(home.path("d.cat").c_str(), 0);
+        nim_catd h = loadCat(home.file("d.cat").c_str(), 0);
         MCCatT* cat = nim_cat(h);
         std::printf("%d sets, first %d\n", cat->numSets, cat->sets[0].setId);
         for (int m = 1; m <= 3; ++m) std::printf("2/%d %s\n", m, nim_catgets(h, 2, m, "(none)"));
@@ -124,13 +124,13 @@ TEST(Almcat, DeletedRecordsKeptOnRequestAreSkippedByReaders) {
     });
     EXPECT_EQ(r.out, "1 sets, first 2\n2/1 b\n2/2 (none)\n2/3 d\n1/1 (none)\n");
 
-    RunResult l = almcat("--list " + home.path("d.cat"));
+    RunResult l = almcat("--list " + home.file("d.cat"));
     EXPECT_EQ(l.out, "$set 2\n1 b\n3 d\n");
 
     // Without the option the deletions leave no trace.
-    ASSERT_EQ(almcat(src + " " + home.path("e.cat")).status, 0);
-    EXPECT_LT(read_file(home.path("e.cat")).size(), bytes.size());
-    EXPECT_EQ(almcat("--list " + home.path("e.cat")).out, "$set 2\n1 b\n3 d\n");
+    ASSERT_EQ(almcat(src + " " + home.file("e.cat")).status, 0);
+    EXPECT_LT(read_file(home.file("e.cat")).size(), bytes.size());
+    EXPECT_EQ(almcat("--list " + home.file("e.cat")).out, "$set 2\n1 b\n3 d\n");
 }
 
 TEST(Almcat, SourceErrorsNameTheLine) {
@@ -157,34 +157,34 @@ TEST(Almcat, SourceErrorsNameTheLine) {
         {"1 ok\n2 continued \\\n", "2: continuation at the end of the file"},
         {"1 a\n2 two \\\nlines \\q\n", "2: unknown escape \\q"},
     };
-    TempHome home;
+    TempDir home;
     for (const auto& c : cases) {
         const std::string src = home.write("e.msg", c.source);
-        RunResult r = almcat(src + " " + home.path("e.cat"));
+        RunResult r = almcat(src + " " + home.file("e.cat"));
         EXPECT_EQ(r.status, 1) << c.source;
         EXPECT_EQ(r.err, "almcat: " + src + ":" + c.error + "\n") << c.source;
-        EXPECT_FALSE(std::ifstream(home.path("e.cat")).good()) << c.source;
+        EXPECT_FALSE(std::ifstream(home.file("e.cat")).good()) << c.source;
     }
 }
 
 TEST(Almcat, OtherFailures) {
-    TempHome home;
+    TempDir home;
     const std::string none = home.write("none.msg", "$ nothing but a comment\n");
-    RunResult empty = almcat(none + " " + home.path("x.cat"));
+    RunResult empty = almcat(none + " " + home.file("x.cat"));
     EXPECT_EQ(empty.status, 1);
     EXPECT_EQ(empty.err, "almcat: " + none + ": no sets to write\n");
 
     const std::string deleted = home.write("del.msg", "$set 1\n1 a\n$delset 1\n");
-    EXPECT_EQ(almcat(deleted + " " + home.path("x.cat")).err, "almcat: " + deleted + ": no sets to write\n");
+    EXPECT_EQ(almcat(deleted + " " + home.file("x.cat")).err, "almcat: " + deleted + ": no sets to write\n");
 
-    RunResult missing = almcat(home.path("missing.msg") + " " + home.path("x.cat"));
+    RunResult missing = almcat(home.file("missing.msg") + " " + home.file("x.cat"));
     EXPECT_EQ(missing.status, 1);
-    EXPECT_EQ(missing.err, "almcat: " + home.path("missing.msg") + ": No such file or directory\n");
+    EXPECT_EQ(missing.err, "almcat: " + home.file("missing.msg") + ": No such file or directory\n");
 
     const std::string ok = home.write("ok.msg", "1 a\n");
-    RunResult unwritable = almcat(ok + " " + home.path("no/such/dir/x.cat"));
+    RunResult unwritable = almcat(ok + " " + home.file("no/such/dir/x.cat"));
     EXPECT_EQ(unwritable.status, 1);
-    EXPECT_EQ(unwritable.err, "almcat: " + home.path("no/such/dir/x.cat.tmp") + ": No such file or directory\n");
+    EXPECT_EQ(unwritable.err, "almcat: " + home.file("no/such/dir/x.cat.tmp") + ": No such file or directory\n");
 
     for (const char* args : {"", "one", "a b c", "--list", "--bogus a b"}) {
         RunResult u = almcat(args);

@@ -50,7 +50,7 @@ RunResult probe(const std::string& path, int flags, const std::vector<std::pair<
 }
 
 TEST(CatalogFile, SetsAndMessagesFoundByNarrowingSearch) {
-    TempHome home;
+    TempDir home;
     const std::string path = home.write("a.cat", build_catalog(sample_sets()));
     const std::vector<std::pair<int, int>> lookups = {
         {1, 1},   {1, 2},   {1, 3}, {1, 4}, {5, 1},     {5, 10}, {5, 999}, {5, 2},  {5, 1000}, {7, 2},
@@ -69,7 +69,7 @@ TEST(CatalogFile, SetsAndMessagesFoundByNarrowingSearch) {
 }
 
 TEST(CatalogFile, InvalidSetsAndMessagesAreSkipped) {
-    TempHome home;
+    TempDir home;
     const std::string path = home.write(
         "b.cat", build_catalog({
                      {1, {{1, "deleted set"}}, 1},
@@ -93,7 +93,7 @@ TEST(CatalogFile, InvalidSetsAndMessagesAreSkipped) {
 }
 
 TEST(CatalogFile, FileIsClosedOnceEverySetIsLoaded) {
-    TempHome home;
+    TempDir home;
     const std::string path = home.write("c.cat", build_catalog(sample_sets()));
     RunResult r = run_child([&] {
         MCCatT* lazy = nim_cat(loadCat(path.c_str(), 0));
@@ -138,7 +138,7 @@ TEST(CatalogFile, DamagedFilesAreRejectedWithTheirText) {
          true, nullptr},
         {"truncated set record", [](std::vector<unsigned char>& b) { b.resize(40); }, "0", true, nullptr},
     };
-    TempHome home;
+    TempDir home;
     const std::vector<unsigned char> good = build_catalog(sample_sets());
     for (const auto& c : cases) {
         std::vector<unsigned char> bytes = good;
@@ -161,7 +161,7 @@ TEST(CatalogFile, DamagedFilesAreRejectedWithTheirText) {
 }
 
 TEST(CatalogFile, ChainThatLoopsOnDeletedSetsIsRejected) {
-    TempHome home;
+    TempDir home;
     std::vector<unsigned char> b = build_catalog({{1, {{1, "x"}}, 1}, {2, {{1, "y"}}}});
     // The deleted first set points at itself: the valid set is never reached.
     store_be32(b.data() + CAT_HEADER_SIZE + 4, CAT_HEADER_SIZE);
@@ -197,7 +197,7 @@ TEST(CatalogFile, DamagedSetsGiveNoTexts) {
              store_be32(b.data() + s + 16, 3);
          }},
     };
-    TempHome home;
+    TempDir home;
     for (const auto& c : cases) {
         std::vector<unsigned char> b = build_catalog({{1, {{1, "one"}}}, {2, {{1, "fine"}}}});
         c.apply(b, CAT_HEADER_SIZE);
@@ -212,7 +212,7 @@ TEST(CatalogFile, DamagedSetsGiveNoTexts) {
 }
 
 TEST(CatalogCache, EleventhCatalogEvictsTheLeastRecentlyUsedClosedOne) {
-    TempHome home;
+    TempDir home;
     const std::vector<unsigned char> bytes = build_catalog(sample_sets());
     std::vector<std::string> paths;
     for (int i = 0; i < 12; ++i) paths.push_back(home.write("c" + std::to_string(i) + ".cat", bytes));
@@ -281,28 +281,28 @@ protected:
     // message 1 of what was found.
     RunResult open(const std::string& name, int flags, const std::vector<std::pair<const char*, std::string>>& env) {
         return run_child([&] {
-            use_home(home_.dir());
+            use_home(home_.path());
             for (const auto& [k, v] : env) ::setenv(k, v.c_str(), 1);
             nim_catd h = nim_catopen(name.c_str(), flags);
             std::printf("%s\n", nim_catgets(h, 1, 1, "(failed)"));
         });
     }
-    TempHome home_;
+    TempDir home_;
 };
 
 TEST_F(CatalogSearchTest, LanguageThenItsTwoLettersThenC) {
-    const std::string tmpl = home_.dir() + "/nls/%L/%N.cat";
+    const std::string tmpl = home_.path() + "/nls/%L/%N.cat";
     EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", tmpl}, {"LANG", "fr_FR"}}).out, "kestrel in fr_FR\n");
     EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", tmpl}, {"LANG", "de_DE"}}).out, "kestrel in de\n");
     EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", tmpl}, {"LANG", "it_IT"}}).out, "kestrel in C\n");
-    EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", home_.dir() + "/nls/%l/%N.cat"}, {"LANG", "fr_FR"}}).out,
+    EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", home_.path() + "/nls/%l/%N.cat"}, {"LANG", "fr_FR"}}).out,
               "kestrel in fr\n");
     EXPECT_EQ(open("missing", 0, {{"NLSPATH", tmpl}}).out, "(failed)\n");
     EXPECT_EQ(open("", 0, {{"NLSPATH", tmpl}}).out, "(failed)\n");
 }
 
 TEST_F(CatalogSearchTest, LocaleVariablesNeedFlagOne) {
-    const std::string tmpl = home_.dir() + "/nls/%L/%N.cat";
+    const std::string tmpl = home_.path() + "/nls/%L/%N.cat";
     EXPECT_EQ(open("kestrel", NIM_CAT_LOCALE, {{"NLSPATH", tmpl}, {"LC_ALL", "fr"}, {"LC_MESSAGES", "de"}}).out,
               "kestrel in fr_FR\n");
     EXPECT_EQ(open("kestrel", NIM_CAT_LOCALE, {{"NLSPATH", tmpl}, {"LC_MESSAGES", "de_DE"}}).out, "kestrel in de\n");
@@ -313,7 +313,7 @@ TEST_F(CatalogSearchTest, LocaleVariablesNeedFlagOne) {
 }
 
 TEST_F(CatalogSearchTest, TemplateElements) {
-    const std::string d = home_.dir();
+    const std::string d = home_.path();
     // Split at ":" and ";", the first existing expansion wins.
     EXPECT_EQ(open("kestrel", 0, {{"NLSPATH", "/nowhere/%N:" + d + "/nls/de/%N.cat;" + d + "/nls/C/%N.cat"}}).out,
               "kestrel in de\n");
@@ -335,9 +335,9 @@ TEST_F(CatalogSearchTest, TemplateElements) {
 
 TEST_F(CatalogSearchTest, ApplicationPathIsTriedLast) {
     RunResult r = run_child([&] {
-        use_home(home_.dir());
+        use_home(home_.path());
         ::setenv("NLSPATH", "/nowhere/%N", 1);
-        nim_set_app_path((home_.dir() + "/nls/de/%N.cat").c_str());
+        nim_set_app_path((home_.path() + "/nls/de/%N.cat").c_str());
         std::printf("%s\n", nim_catgets(nim_catopen("kestrel", 0), 1, 1, "(failed)"));
     });
     EXPECT_EQ(r.out, "kestrel in de\n");
@@ -345,7 +345,7 @@ TEST_F(CatalogSearchTest, ApplicationPathIsTriedLast) {
 
 TEST_F(CatalogSearchTest, CorruptCatalogStopsTheTemplateButNotTheFallbacks) {
     home_.write("bad/fr_FR/kestrel.cat", std::string("not a catalog at all, not at all"));
-    const std::string d = home_.dir();
+    const std::string d = home_.path();
     RunResult r = open("kestrel", 0, {{"NLSPATH", d + "/bad/%L/%N.cat:" + d + "/nls/%L/%N.cat"}, {"LANG", "fr_FR"}});
     // fr_FR stops at the corrupt file; fr finds the good one.
     EXPECT_EQ(r.out, "kestrel in fr\n");
@@ -353,13 +353,13 @@ TEST_F(CatalogSearchTest, CorruptCatalogStopsTheTemplateButNotTheFallbacks) {
 }
 
 TEST(ProductCatalog, StemMustOpenTheFirstMessage) {
-    TempHome home;
+    TempDir home;
     home.write("nls/C/kestrel.cat", build_catalog({{1, {{1, "somebody else's catalog"}}}}));
     home.write("nls/C/cobalt.cat", build_catalog({{1, {{1, "cobalt via NLSPATH"}}}}));
     home.write("catalog/C/kestrel.cat", build_catalog({{1, {{1, "kestrel from home"}}}}));
     RunResult r = run_child([&] {
-        use_home(home.dir());
-        ::setenv("NLSPATH", (home.dir() + "/nls/%L/%N.cat").c_str(), 1);
+        use_home(home.path());
+        ::setenv("NLSPATH", (home.path() + "/nls/%L/%N.cat").c_str(), 1);
         std::printf("%s\n", nim_catgets(open_catalog(2), 1, 1, "(failed)"));
         std::printf("%s\n", nim_catgets(open_catalog(1), 1, 1, "(failed)"));
         std::printf("%ld\n", open_catalog(13));
@@ -368,18 +368,18 @@ TEST(ProductCatalog, StemMustOpenTheFirstMessage) {
     });
     EXPECT_EQ(r.out, "kestrel from home\ncobalt via NLSPATH\n-1\n-1\n(failed)\n");
     EXPECT_EQ(r.err, "no catalog available for product 13\nno catalog available for product -1\ncatopen on " +
-                         home.dir() + "/catalog/C/reelwright.cat error: No such file or directory\n");
+                         home.path() + "/catalog/C/reelwright.cat error: No such file or directory\n");
 }
 
 TEST(ProductCatalog, LanguageDirectoriesUnderHome) {
-    TempHome home;
+    TempDir home;
     home.write("catalog/C/kestrel.cat", build_catalog({{1, {{1, "kestrel C"}}}}));
     home.write("catalog/fr/kestrel.cat", build_catalog({{1, {{1, "kestrel fr"}}}}));
     home.write("catalog/ja_JP/kestrel.cat", build_catalog({{1, {{1, "kestrel ja_JP"}}}}));
     for (auto [lang, want] : std::vector<std::pair<const char*, const char*>>{
              {"fr_FR", "kestrel fr"}, {"ja", "kestrel ja_JP"}, {"C", "kestrel C"}}) {
         RunResult r = run_child([&] {
-            use_home(home.dir());
+            use_home(home.path());
             ::setenv("LANG", lang, 1);
             std::printf("%s\n", nim_catgets(open_catalog(2), 1, 1, "(failed)"));
         });

@@ -24,7 +24,7 @@ protected:
     // the text and, after a "|", the length that came back.
     static std::vector<std::string> run(const std::vector<std::function<std::string()>>& calls,
                                         const std::string& home = "") {
-        const std::string h = home.empty() ? home_->dir() : home;
+        const std::string h = home.empty() ? home_->path() : home;
         RunResult r = run_child([&] {
             use_home(h);
             for (const auto& c : calls) std::printf("%s\n", c().c_str());
@@ -41,9 +41,9 @@ protected:
         return lines;
     }
 
-    static std::unique_ptr<TempHome> home_;
+    static std::unique_ptr<TempDir> home_;
 };
-std::unique_ptr<TempHome> FormatTest::home_;
+std::unique_ptr<TempDir> FormatTest::home_;
 
 template <class... A>
 std::string tobuf(int set, int num, A... args) {
@@ -212,9 +212,9 @@ TEST_F(FormatTest, NoMessageFallbacks) {
 }
 
 TEST_F(FormatTest, MissingCatalogDirectoryGivesOpenFailed) {
-    TempHome empty;
+    TempDir empty;
     RunResult r = run_child([&] {
-        use_home(empty.dir());
+        use_home(empty.path());
         std::printf("%s\n", text_of(2072, 35, MSG_STR, "/x/Almanack", MSG_INT, 2, MSG_INT, 0, MSG_INT, 0,
                                     MSG_INT, 0, MSG_END)
                                 .c_str());
@@ -223,13 +223,13 @@ TEST_F(FormatTest, MissingCatalogDirectoryGivesOpenFailed) {
     EXPECT_EQ(r.out,
               "QFR20720035  NO MSG: /x/Almanack,2,0,0,0 open failed 2 \n"
               "QFR20720001  NO MSG: ,,,, open failed 2 \n");
-    EXPECT_EQ(r.err, "catopen on " + empty.dir() + "/catalog/C/cobalt.cat error: No such file or directory\n" +
-                         "catopen on " + empty.dir() + "/catalog/C/kestrel.cat error: No such file or directory\n");
+    EXPECT_EQ(r.err, "catopen on " + empty.path() + "/catalog/C/cobalt.cat error: No such file or directory\n" +
+                         "catopen on " + empty.path() + "/catalog/C/kestrel.cat error: No such file or directory\n");
 }
 
 TEST_F(FormatTest, OtherLanguageFallsBackToC) {
     RunResult r = run_child([&] {
-        use_home(home_->dir());
+        use_home(home_->path());
         ::setenv("LANG", "fr_FR", 1);
         std::printf("%s\n", text_of(2005, 3, MSG_END).c_str());
         std::printf("%s\n", text_of(2005, 98, MSG_END).c_str());
@@ -237,7 +237,7 @@ TEST_F(FormatTest, OtherLanguageFallsBackToC) {
     ASSERT_EQ(r.status, 0);
     EXPECT_NE(r.out.find("QFR20050003  Plain text\n"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("QFR20050098  NO MSG: ,,,, catgets failed "), std::string::npos) << r.out;
-    EXPECT_NE(r.err.find("catopen on " + home_->dir() + "/catalog/fr/kestrel.cat error: No such file or directory\n"),
+    EXPECT_NE(r.err.find("catopen on " + home_->path() + "/catalog/fr/kestrel.cat error: No such file or directory\n"),
               std::string::npos)
         << r.err;
 }

@@ -1,15 +1,8 @@
 #include "messages/msg_helpers.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -18,77 +11,12 @@
 
 namespace alm::msgtest {
 
-TempHome::TempHome() : owner_(::getpid()) {
-    std::string templ = (std::filesystem::temp_directory_path() / "almmsg.XXXXXX").string();
-    if (::mkdtemp(templ.data()) == nullptr) throw std::runtime_error("mkdtemp failed");
-    dir_ = templ;
-}
+RunResult run_command(const std::string& cmd) { return test::run_program("/bin/sh", {"-c", cmd}); }
 
-TempHome::~TempHome() {
-    if (::getpid() != owner_) return;
-    std::error_code ec;
-    std::filesystem::remove_all(dir_, ec);
-}
-
-std::string TempHome::write(const std::string& rel, const std::string& bytes) const {
-    std::filesystem::path p = path(rel);
-    std::filesystem::create_directories(p.parent_path());
-    std::ofstream f(p, std::ios::binary | std::ios::trunc);
-    f << bytes;
-    return p.string();
-}
-
-std::string TempHome::write(const std::string& rel, const std::vector<unsigned char>& bytes) const {
-    return write(rel, std::string(bytes.begin(), bytes.end()));
-}
-
-std::string read_file(const std::string& path) {
-    std::ifstream f(path, std::ios::binary);
-    std::ostringstream ss;
-    ss << f.rdbuf();
-    return ss.str();
-}
-
-RunResult run_child(const std::function<void()>& fn) {
-    RunResult r;
-    TempHome tmp;
-    const std::string outp = tmp.path("out");
-    const std::string errp = tmp.path("err");
-    std::fflush(nullptr);
-    pid_t pid = ::fork();
-    if (pid < 0) return r;
-    if (pid == 0) {
-        int o = ::open(outp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        int e = ::open(errp.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        if (o < 0 || e < 0) ::_exit(99);
-        ::dup2(o, 1);
-        ::dup2(e, 2);
-        ::close(o);
-        ::close(e);
-        fn();
-        std::fflush(nullptr);
-        ::_exit(0);
-    }
-    int st = 0;
-    while (::waitpid(pid, &st, 0) < 0) {
-    }
-    r.status = WIFEXITED(st) ? WEXITSTATUS(st) : 128 + WTERMSIG(st);
-    r.out = read_file(outp);
-    r.err = read_file(errp);
-    return r;
-}
-
-RunResult run_command(const std::string& cmd) {
-    return run_child([&] {
-        ::execl("/bin/sh", "sh", "-c", cmd.c_str(), static_cast<char*>(nullptr));
-        ::_exit(127);
-    });
-}
-
-std::string almcat_path() { return std::string(ALM_BUILD_DIR) + "/bin/almcat"; }
+std::string almcat_path() { return test::built_program("almcat"); }
 
 void compile_catalog(const std::string& source, const std::string& out, bool keep_deleted) {
-    TempHome tmp;
+    TempDir tmp;
     std::string src = tmp.write("src.msg", source);
     std::filesystem::create_directories(std::filesystem::path(out).parent_path());
     RunResult r = run_command(almcat_path() + (keep_deleted ? " --keep-deleted " : " ") + src + " " + out);

@@ -37,9 +37,9 @@ TEST(ProductCatalogs, MissingPlanFileNamesTheFile) {
 }
 
 TEST(ProductCatalogs, WithoutCatalogsTheFallbackCarriesTheArguments) {
-    TempHome empty;
+    TempDir empty;
     RunResult r = run_child([&] {
-        use_home(empty.dir());
+        use_home(empty.path());
         std::printf("%s\n", plan_error(35, true).c_str());
     });
     EXPECT_EQ(r.out, "QFR20720035  NO MSG: /home/x/Almanack,2,19026,18770,417 open failed 2 \n");

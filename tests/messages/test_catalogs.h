@@ -39,11 +39,11 @@ inline const std::string TEST_COBALT =
     "4 The end.\n";
 
 // A home whose catalog/C holds the test catalogs.
-inline std::unique_ptr<TempHome> make_test_home(const std::string& kestrel = TEST_KESTREL,
+inline std::unique_ptr<TempDir> make_test_home(const std::string& kestrel = TEST_KESTREL,
                                                 const std::string& cobalt = TEST_COBALT) {
-    auto home = std::make_unique<TempHome>();
-    compile_catalog(kestrel, home->path("catalog/C/kestrel.cat"));
-    compile_catalog(cobalt, home->path("catalog/C/cobalt.cat"));
+    auto home = std::make_unique<TempDir>();
+    compile_catalog(kestrel, home->file("catalog/C/kestrel.cat"));
+    compile_catalog(cobalt, home->file("catalog/C/cobalt.cat"));
     return home;
 }
 

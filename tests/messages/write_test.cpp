@@ -23,7 +23,7 @@ protected:
     static void TearDownTestSuite() { home_.reset(); }
 
     static RunResult run(const std::function<void()>& fn, int width = 78, const char* progname = nullptr) {
-        const std::string h = home_->dir();
+        const std::string h = home_->path();
         return run_child([&] {
             use_home(h);
             issuemsg_state()->stdout_wid = width;
@@ -32,9 +32,9 @@ protected:
         });
     }
 
-    static std::unique_ptr<TempHome> home_;
+    static std::unique_ptr<TempDir> home_;
 };
-std::unique_ptr<TempHome> WriteTest::home_;
+std::unique_ptr<TempDir> WriteTest::home_;
 
 TEST_F(WriteTest, StreamAndSeverityLetter) {
     struct Case {
@@ -239,10 +239,10 @@ TEST_F(WriteTest, CoreImageOnlyForFatalBitTwo) {
 }
 
 TEST(WriteForeignFormat, CatalogFormatsThatDoNotFitArePrintedAsTheyStand) {
-    std::unique_ptr<TempHome> home = make_test_home(TEST_KESTREL,
+    std::unique_ptr<TempDir> home = make_test_home(TEST_KESTREL,
                                                     "$set 1\n1 cobalt odd\n$set 129\n2 Bad %s here %n.\n");
     RunResult r = run_child([&] {
-        use_home(home->dir());
+        use_home(home->path());
         exit_cleanly(0);
     });
     EXPECT_EQ(r.status, 1);
