@@ -1,78 +1,41 @@
 #include "queries/plantest.h"
 
 #include <stdlib.h>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <ctime>
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "common/files.h"
+#include "common/installhome.h"
+#include "common/runprogram.h"
 #include "plan/almfind.h"
 
 namespace alm::qtest {
-
-namespace fs = std::filesystem;
 
 void useUtc() {
     ::setenv("TZ", "UTC", 1);
     ::tzset();
 }
 
-TempDir::TempDir() {
-    std::string tmpl = (fs::temp_directory_path() / "almq-XXXXXX").string();
-    if (::mkdtemp(tmpl.data())) path_ = tmpl;
-}
-
-TempDir::~TempDir() {
-    std::error_code ec;
-    if (!path_.empty()) fs::remove_all(path_, ec);
-}
-
-namespace {
-
-// Runs a shell command; its output (both streams) and whether it exited 0.
-bool run(const std::string& command, std::string& output) {
-    output.clear();
-    std::FILE* p = ::popen((command + " 2>&1").c_str(), "r");
-    if (!p) return false;
-    char buf[4096];
-    std::size_t n;
-    while ((n = std::fread(buf, 1, sizeof buf, p)) > 0) output.append(buf, n);
-    return ::pclose(p) == 0;
-}
-
-std::string quoted(const std::string& s) { return "'" + s + "'"; }
-
-const std::string kAlmplan = ALM_BUILD_DIR "/bin/almplan";
-
-}  // namespace
-
 std::string buildPlan(const std::string& dir, const std::string& name, const std::string& desc, std::string* err,
                       bool v1) {
-    const std::string descPath = dir + "/" + name + ".desc";
     const std::string planPath = dir + "/" + name;
-    {
-        std::ofstream out(descPath, std::ios::binary);
-        out << desc;
-    }
-    std::string output;
-    const bool built = run(kAlmplan + " build " + (v1 ? "--v1 " : "") + quoted(descPath) + " " + quoted(planPath), output);
-    if (!built) {
-        if (err) *err = output;
+    test::write_file(planPath + ".desc", desc);
+    const test::RunResult r = test::build_plan(planPath + ".desc", planPath, v1);
+    if (r.status != 0) {
+        if (err) *err = r.out + r.err;
         return "";
     }
     return planPath;
 }
 
 std::vector<PlanField> planFields(const std::string& kind) {
-    std::string output;
     std::vector<PlanField> fields;
-    if (!run(kAlmplan + " fields " + kind, output)) return fields;
-    std::istringstream lines(output);
+    const test::RunResult r = test::run_program(test::built_program("almplan"), {"fields", kind});
+    if (r.status != 0) return fields;
+    std::istringstream lines(r.out);
     std::string line;
     while (std::getline(lines, line)) {
         std::istringstream words(line);
@@ -88,21 +51,8 @@ std::vector<PlanField> planFields(const std::string& kind) {
 
 const std::string& serverHome() {
     static const TempDir home;
-    static const bool made = [] {
-        std::error_code ec;
-        fs::create_directories(home.path() + "/bin", ec);
-        fs::create_directories(home.path() + "/catalog/C", ec);
-        fs::copy_file(ALM_BUILD_DIR "/bin/almread", home.path() + "/bin/almread",
-                      fs::copy_options::overwrite_existing, ec);
-        const fs::path catalogs = ALM_BUILD_DIR "/catalog/C";
-        if (fs::is_directory(catalogs, ec)) {
-            for (const auto& entry : fs::directory_iterator(catalogs, ec))
-                fs::copy_file(entry.path(), home.path() + "/catalog/C/" + entry.path().filename().string(),
-                              fs::copy_options::overwrite_existing, ec);
-        }
-        return true;
-    }();
-    (void)made;
+    static const bool made = test::install_home(home.path(), {"almread"});
+    (void)made;  // a home that failed shows as a server that does not start
     return home.path();
 }
 

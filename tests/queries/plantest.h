@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "client/almclient.h"
+#include "common/tempdir.h"
 #include "plan/almaccs.h"
 #include "plan/almrecs.h"
 
@@ -28,18 +29,7 @@ inline constexpr std::uint32_t kCpus = 8;
 // in UTC so the records they see agree.
 void useUtc();
 
-// A fresh directory removed with everything in it when the object goes.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
-};
+using test::TempDir;
 
 // Writes desc to DIR/NAME.desc and builds DIR/NAME with almplan; returns the
 // plan's path, or "" with the tool's complaint in *err.
