@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 
-#include "queries/plantest.h"
+#include "queries/plansession.h"
 
 namespace alm::qtest {
 namespace {
@@ -67,10 +66,9 @@ std::set<std::string> skipping(std::initializer_list<std::string> links) {
     return s;
 }
 
-class FieldForms : public ::testing::Test {
+class FieldForms : public PlanSession {
 protected:
     static void SetUpTestSuite() {
-        dir_ = std::make_unique<TempDir>();
         int k = 0;
         std::string desc = "workstation WS1\n";
         desc += everyField("workstation", skipping({"sci_next_cpu_ptr"}),
@@ -94,33 +92,17 @@ protected:
                                           k);
         desc += "schedule WS1 SCHED2\n"
                 "set ss_dependencies[0] 3\n";
-        std::string err;
-        plan_ = buildPlan(dir_->path(), "fields", desc, &err);
-        ASSERT_FALSE(plan_.empty()) << err;
+        buildSuitePlan(plan_, "fields", desc);
     }
-    static void TearDownTestSuite() { dir_.reset(); }
 
     void SetUp() override {
-        ASSERT_FALSE(plan_.empty());
-        ASSERT_TRUE(server_.ok());
-        handle_ = server_.open(plan_);
-        ASSERT_FALSE(handle_.empty());
+        PlanSession::SetUp();
+        if (HasFatalFailure()) return;
         ASSERT_TRUE(delivered_.ok());
     }
-    void TearDown() override {
-        std::string err;
-        EXPECT_EQ(server_.finish(&err), 0) << err;
-    }
 
-    static std::unique_ptr<TempDir> dir_;
-    static std::string plan_;
-    Server server_;
-    std::string handle_;
     Delivered delivered_{plan_};
 };
-
-std::unique_ptr<TempDir> FieldForms::dir_;
-std::string FieldForms::plan_;
 
 TEST_F(FieldForms, Workstation) {
     const std::vector<SCI_RECTYPE> d = delivered_.cpus();

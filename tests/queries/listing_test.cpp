@@ -2,11 +2,10 @@
 // dependency, unreadable targets, odd flag bytes and restart chains.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "queries/plantest.h"
+#include "queries/plansession.h"
 
 namespace alm::qtest {
 namespace {
@@ -92,39 +91,13 @@ schedule B S1
 job BJ
 )";
 
-class Listings : public ::testing::Test {
+class Listings : public PlanSession {
 protected:
     static void SetUpTestSuite() {
-        dir_ = std::make_unique<TempDir>();
-        std::string err;
-        plan_ = buildPlan(dir_->path(), "deps", kPlan, &err);
-        ASSERT_FALSE(plan_.empty()) << err;
-        v1_ = buildPlan(dir_->path(), "old", "format v1\nworkstation A\nschedule A S\njob J\n", &err);
-        ASSERT_FALSE(v1_.empty()) << err;
+        buildSuitePlan(plan_, "deps", kPlan);
+        buildSuitePlan(v1_, "old", "format v1\nworkstation A\nschedule A S\njob J\n");
     }
-    static void TearDownTestSuite() { dir_.reset(); }
-
-    void SetUp() override {
-        ASSERT_FALSE(plan_.empty());
-        ASSERT_TRUE(server_.ok());
-        handle_ = server_.open(plan_);
-        ASSERT_FALSE(handle_.empty());
-    }
-    void TearDown() override {
-        std::string err;
-        EXPECT_EQ(server_.finish(&err), 0) << err;
-    }
-
-    static std::unique_ptr<TempDir> dir_;
-    static std::string plan_;
-    static std::string v1_;
-    Server server_;
-    std::string handle_;
 };
-
-std::unique_ptr<TempDir> Listings::dir_;
-std::string Listings::plan_;
-std::string Listings::v1_;
 
 TEST_F(Listings, EveryKindInOrderWithChains) {
     const std::vector<std::string> expected = {

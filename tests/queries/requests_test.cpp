@@ -2,11 +2,10 @@
 // handles, empty results, patterns and version 0 plans.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "queries/plantest.h"
+#include "queries/plansession.h"
 
 namespace alm::qtest {
 namespace {
@@ -39,39 +38,13 @@ job EXTRACT
 schedule B1 S7
 )";
 
-class Requests : public ::testing::Test {
+class Requests : public PlanSession {
 protected:
     static void SetUpTestSuite() {
-        dir_ = std::make_unique<TempDir>();
-        std::string err;
-        plan_ = buildPlan(dir_->path(), "plan", kPlan, &err);
-        ASSERT_FALSE(plan_.empty()) << err;
-        v1_ = buildPlan(dir_->path(), "old", kPlan, &err, true);
-        ASSERT_FALSE(v1_.empty()) << err;
+        buildSuitePlan(plan_, "plan", kPlan);
+        buildSuitePlan(v1_, "old", kPlan, true);
     }
-    static void TearDownTestSuite() { dir_.reset(); }
-
-    void SetUp() override {
-        ASSERT_FALSE(plan_.empty());
-        ASSERT_TRUE(server_.ok());
-        handle_ = server_.open(plan_);
-        ASSERT_FALSE(handle_.empty());
-    }
-    void TearDown() override {
-        std::string err;
-        EXPECT_EQ(server_.finish(&err), 0) << err;
-    }
-
-    static std::unique_ptr<TempDir> dir_;
-    static std::string plan_;
-    static std::string v1_;
-    Server server_;
-    std::string handle_;
 };
-
-std::unique_ptr<TempDir> Requests::dir_;
-std::string Requests::plan_;
-std::string Requests::v1_;
 
 TEST_F(Requests, WrongArgumentCountsGetNoReply) {
     struct Case {
