@@ -1,47 +1,28 @@
 #include "files/home.h"
 
 #include <fcntl.h>
-#include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-extern char** environ;
+#include "common/files.h"
+#include "common/installhome.h"
+#include "common/runprogram.h"
 
 namespace alm::filestest {
 
 namespace fs = std::filesystem;
 
 TempHome::TempHome() {
-    char tmpl[] = "/tmp/almfilesXXXXXX";
-    if (mkdtemp(tmpl) == nullptr) return;
-    path_ = tmpl;
     std::error_code ec;
-    fs::create_directories(file("bin"), ec);
-    fs::create_directories(file("catalog/C"), ec);
-    fs::create_directories(file("plans"), ec);
-    fs::create_directories(file("schedlog"), ec);
-    fs::copy_file(ALM_BUILD_DIR "/bin/almread", server(), ec);
-    if (ec) return;
-    for (const auto& e : fs::directory_iterator(ALM_BUILD_DIR "/catalog/C", ec)) {
-        fs::copy_file(e.path(), file("catalog/C/" + e.path().filename().string()), ec);
-        if (ec) return;
-    }
-    ok_ = !ec;
-}
-
-TempHome::~TempHome() {
-    if (path_.empty()) return;
-    std::error_code ec;
-    fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, ec);
-    fs::remove_all(path_, ec);
+    ok_ = test::install_home(path(), {"almread"}) && fs::create_directories(file("plans"), ec) &&
+          fs::create_directories(file("schedlog"), ec);
 }
 
 bool TempHome::touch(const std::string& rel) const {
@@ -51,49 +32,19 @@ bool TempHome::touch(const std::string& rel) const {
     return true;
 }
 
-namespace {
-
-bool runQuiet(const std::vector<std::string>& args) {
-    std::vector<char*> argv;
-    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-    pid_t pid = -1;
-    const int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (rc != 0) return false;
-    int status = 0;
-    while (waitpid(pid, &status, 0) < 0) {
-        if (errno != EINTR) return false;
-    }
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-const std::string kAlmplan = ALM_BUILD_DIR "/bin/almplan";
-
-}  // namespace
-
 bool buildPlan(const std::string& description, const std::string& out, bool v1) {
     const std::string desc = out + ".desc";
-    {
-        std::ofstream f(desc);
-        f << description;
-        if (!f) return false;
-    }
-    std::vector<std::string> args{kAlmplan, "build"};
-    if (v1) args.push_back("--v1");
-    args.push_back(desc);
-    args.push_back(out);
-    const bool ok = runQuiet(args);
+    test::write_file(desc, description);
+    const bool ok = test::build_plan(desc, out, v1).status == 0;
     std::remove(desc.c_str());
     return ok;
 }
 
 bool synthPlan(const std::string& out, int cpus, int scheds, int jobs) {
-    return runQuiet({kAlmplan, "synth", "--cpus", std::to_string(cpus), "--scheds",
-                     std::to_string(scheds), "--jobs", std::to_string(jobs), out});
+    return test::run_program(test::built_program("almplan"),
+                             {"synth", "--cpus", std::to_string(cpus), "--scheds", std::to_string(scheds), "--jobs",
+                              std::to_string(jobs), out})
+               .status == 0;
 }
 
 std::string catalogText(const std::string& source, int set, int number,

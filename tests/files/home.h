@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "client/almclient.h"
+#include "common/tempdir.h"
 
 namespace alm::filestest {
 
@@ -18,19 +19,16 @@ inline constexpr int kWaitMs = 20000;
 class TempHome {
 public:
     TempHome();
-    ~TempHome();
-    TempHome(const TempHome&) = delete;
-    TempHome& operator=(const TempHome&) = delete;
 
     bool ok() const { return ok_; }
-    const std::string& path() const { return path_; }
-    std::string file(const std::string& rel) const { return path_ + "/" + rel; }
+    const std::string& path() const { return dir_.path(); }
+    std::string file(const std::string& rel) const { return dir_.file(rel); }
     std::string server() const { return file("bin/almread"); }
     // Creates an empty file (and no directories).
     bool touch(const std::string& rel) const;
 
 private:
-    std::string path_;
+    test::TempDir dir_;
     bool ok_ = false;
 };
 
