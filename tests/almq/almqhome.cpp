@@ -1,11 +1,10 @@
 #include "almqhome.h"
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 
 #include "client/almclient.h"
+#include "common/installhome.h"
 
 namespace alm::almqtest {
 
@@ -17,40 +16,8 @@ constexpr int kWaitMs = 120000;
 
 }  // namespace
 
-std::vector<std::string> RunResult::lines() const {
-    std::vector<std::string> out_lines;
-    std::size_t start = 0;
-    while (start < out.size()) {
-        std::size_t end = out.find('\n', start);
-        if (end == std::string::npos) end = out.size();
-        out_lines.push_back(out.substr(start, end - start));
-        start = end + 1;
-    }
-    return out_lines;
-}
-
 AlmqHome::AlmqHome(std::string zone) : zone_(std::move(zone)) {
-    char tmpl[] = "/tmp/almqtestXXXXXX";
-    if (::mkdtemp(tmpl) == nullptr) return;
-    path_ = tmpl;
-    std::error_code ec;
-    fs::create_directories(file("bin"), ec);
-    fs::create_directories(file("catalog/C"), ec);
-    for (const char* prog : {"almq", "almread"}) {
-        fs::copy_file(std::string(ALM_BUILD_DIR "/bin/") + prog, file(std::string("bin/") + prog), ec);
-        if (ec) return;
-    }
-    for (const auto& e : fs::directory_iterator(ALM_BUILD_DIR "/catalog/C", ec)) {
-        fs::copy_file(e.path(), file("catalog/C/" + e.path().filename().string()), ec);
-        if (ec) return;
-    }
-    ok_ = !ec;
-}
-
-AlmqHome::~AlmqHome() {
-    if (path_.empty()) return;
-    std::error_code ec;
-    fs::remove_all(path_, ec);
+    ok_ = test::install_home(path(), {"almq", "almread"});
 }
 
 RunResult AlmqHome::run(const std::string& program, const std::vector<std::string>& args,
@@ -68,7 +35,9 @@ RunResult AlmqHome::run(const std::string& program, const std::vector<std::strin
     child.closeInput();
     child.readAll(r.out, kWaitMs);
     child.readStderr(r.err, kWaitMs);
-    child.waitExit(r.status, kWaitMs);
+    // AlmClient gives a killing signal as its negative, RunResult as 128 + signal.
+    int code = -1;
+    if (child.waitExit(code, kWaitMs) == ClientStatus::Ok) r.status = code < 0 ? 128 - code : code;
     return r;
 }
 
@@ -83,7 +52,7 @@ bool AlmqHome::buildPlan(const std::string& desc, const std::string& rel, bool v
     if (v1) args.push_back("--v1");
     args.push_back(desc);
     args.push_back(file(rel));
-    const RunResult r = run(ALM_BUILD_DIR "/bin/almplan", args);
+    const RunResult r = run(test::built_program("almplan"), args);
     return r.status == 0;
 }
 

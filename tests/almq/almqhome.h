@@ -6,28 +6,23 @@
 #include <string>
 #include <vector>
 
+#include "common/runprogram.h"
+#include "common/tempdir.h"
+
 namespace alm::almqtest {
 
 // A fixed zone for every program a test runs, so local times are known.
 inline constexpr const char* kTestZone = "EST5EDT,M3.2.0,M11.1.0";
 
-struct RunResult {
-    int status = -1000;
-    std::string out;
-    std::string err;
-    std::vector<std::string> lines() const;  // out split at line ends
-};
+using test::RunResult;
 
 class AlmqHome {
 public:
     explicit AlmqHome(std::string zone = kTestZone);
-    ~AlmqHome();
-    AlmqHome(const AlmqHome&) = delete;
-    AlmqHome& operator=(const AlmqHome&) = delete;
 
     bool ok() const { return ok_; }
-    const std::string& path() const { return path_; }
-    std::string file(const std::string& rel) const { return path_ + "/" + rel; }
+    const std::string& path() const { return dir_.path(); }
+    std::string file(const std::string& rel) const { return dir_.file(rel); }
     std::string almq() const { return file("bin/almq"); }
     std::string server() const { return file("bin/almread"); }
 
@@ -42,7 +37,7 @@ public:
                   const std::string& workDir = "") const;
 
 private:
-    std::string path_;
+    test::TempDir dir_;
     std::string zone_;
     bool ok_ = false;
 };
