@@ -3,44 +3,21 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <dirent.h>
-#include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
+#include "common/tempdir.h"
 #include "util/sysutils.h"
 
 namespace alm {
 namespace {
 
-class TempDir {
-public:
-    TempDir() {
-        char tmpl[] = "/tmp/almfinderXXXXXX";
-        const char* p = mkdtemp(tmpl);
-        if (p != nullptr) path_ = p;
-    }
-    ~TempDir() {
-        if (!path_.empty()) std::system(("rm -rf '" + path_ + "'").c_str());
-    }
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-
-    const std::string& path() const { return path_; }
-    void touch(const std::string& name) const {
-        int fd = open((path_ + "/" + name).c_str(), O_CREAT | O_WRONLY, 0644);
-        ASSERT_GE(fd, 0) << name;
-        close(fd);
-    }
-
-private:
-    std::string path_;
-};
+using test::TempDir;
 
 struct Collected {
     std::vector<std::string> lines;
@@ -86,7 +63,7 @@ TEST(Finder, OrderAndSelection) {
     TempDir d;
     for (const char* n : {"M9901010600", "M9902010600", "M9901020600", "Ma", "M", "m9901010600",
                           "x9901010600", "AM9901010600", "M\xc3\xa9t"})
-        d.touch(n);
+        d.write(n, "");
     mkdir((d.path() + "/Mdir").c_str(), 0755);
     const std::string p = d.path() + "/";
 
@@ -112,7 +89,7 @@ TEST(Finder, OrderAndSelection) {
 
 TEST(Finder, DotEntriesOnlyMatchAWildPattern) {
     TempDir d;
-    d.touch("Mx");
+    d.write("Mx", "");
     auto lettered = find(d.path() + "/M@", FIND_DESCENDING);
     EXPECT_EQ(lettered, std::vector<std::string>{d.path() + "/Mx"});
     auto all = find(d.path() + "/@", 0);
@@ -131,7 +108,7 @@ TEST(Finder, MissingOrUnreadableDirectoryListsNothing) {
     EXPECT_TRUE(find("/nonexistent/almfinder/M@", FIND_DESCENDING, &rc).empty());
     EXPECT_EQ(rc, 0);
     TempDir d;
-    d.touch("Mfile");
+    d.write("Mfile", "");
     // A file, not a directory, as the directory part.
     EXPECT_TRUE(find(d.path() + "/Mfile/M@", 0, &rc).empty());
     EXPECT_EQ(rc, 0);
@@ -146,10 +123,10 @@ TEST(Finder, CapsAtMaximumAndSurvivesAFullPipe) {
         char num[16];
         std::snprintf(num, sizeof num, "%05d", i);
         std::string name = std::string("M") + num + pad;
-        d.touch(name);
+        d.write(name, "");
         created.push_back(d.path() + "/" + name);
     }
-    d.touch("other");
+    d.write("other", "");
     std::sort(created.begin(), created.end());
 
     auto got = find(d.path() + "/M@", FIND_DESCENDING);
@@ -162,7 +139,7 @@ TEST(Finder, CapsAtMaximumAndSurvivesAFullPipe) {
 
 TEST(Finder, CallbackProtocol) {
     TempDir d;
-    for (const char* n : {"M1", "M2", "M3", "M4"}) d.touch(n);
+    for (const char* n : {"M1", "M2", "M3", "M4"}) d.write(n, "");
     const std::string fs = d.path() + "/M@";
 
     // qualify: skip even names.
@@ -207,7 +184,7 @@ TEST(Finder, CallbackProtocol) {
 
 TEST(Finder, LeavesNoDescriptorsOrChildrenBehind) {
     TempDir d;
-    for (int i = 0; i < 50; ++i) d.touch("M" + std::to_string(i));
+    for (int i = 0; i < 50; ++i) d.write("M" + std::to_string(i), "");
     const std::string fs = d.path() + "/M@";
     const int before = open_fd_count();
     for (int i = 0; i < 20; ++i) {
@@ -225,7 +202,7 @@ TEST(Finder, LeavesNoDescriptorsOrChildrenBehind) {
 
 TEST(Finder, ChildReportsCleanExit) {
     TempDir d;
-    d.touch("Mone");
+    d.write("Mone", "");
     FindPipe p;
     ASSERT_EQ(xeq_lscmd_caught_setuid(p, d.path().c_str(), (d.path() + "/M@").c_str(), false, true),
               0);
@@ -248,7 +225,7 @@ TEST(Finder, DropsToRealIdentities) {
     if (geteuid() != 0) GTEST_SKIP() << "needs root";
     TempDir d;
     ASSERT_EQ(chmod(d.path().c_str(), 0700), 0);
-    d.touch("Msecret");
+    d.write("Msecret", "");
     const std::string fs = d.path() + "/M@";
 
     pid_t pid = fork();
