@@ -5,11 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "client/almclient.h"
+#include "common/tempdir.h"
 #include "service/frames.h"
 
 namespace alm {
@@ -247,39 +247,18 @@ TEST(CommandLine, EverythingElseStartsTheService) {
     }
 }
 
-class TempHome {
-public:
-    TempHome() {
-        char tmpl[] = "/tmp/almhome.XXXXXX";
-        if (::mkdtemp(tmpl)) path_ = tmpl;
-    }
-    ~TempHome() {
-        std::error_code ec;
-        if (!path_.empty()) std::filesystem::remove_all(path_, ec);
-    }
-    TempHome(const TempHome&) = delete;
-    TempHome& operator=(const TempHome&) = delete;
-    const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
-};
-
 // The home shows in the archived-plan listing: HOME/schedlog/M... paths.
 TEST(CommandLine, HomeFollowsTheProgramPath) {
-    TempHome home;
+    const test::TempDir home;
     ASSERT_FALSE(home.path().empty());
     const std::string bin = home.path() + "/bin";
     std::filesystem::create_directories(bin);
-    std::filesystem::create_directories(home.path() + "/schedlog");
     std::filesystem::copy_file(kServer, bin + "/almread");
-    for (const char* name : {"M9901010600", "M9901020600", "x"})
-        std::ofstream(home.path() + "/schedlog/" + name) << "";
+    for (const char* name : {"M9901010600", "M9901020600", "x"}) home.write(std::string("schedlog/") + name, "");
 
-    TempHome other;  // a second home, named by COBALTHOME
+    const test::TempDir other;  // a second home, named by COBALTHOME
     ASSERT_FALSE(other.path().empty());
-    std::filesystem::create_directories(other.path() + "/schedlog");
-    std::ofstream(other.path() + "/schedlog/M9912310600") << "";
+    other.write("schedlog/M9912310600", "");
 
     const std::vector<std::string> inHome = {home.path() + "/schedlog/M9901020600",
                                              home.path() + "/schedlog/M9901010600"};
