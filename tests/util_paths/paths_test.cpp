@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "common/tempdir.h"
 #include "util/stdfuncs.h"
 
 namespace alm {
@@ -25,10 +26,8 @@ protected:
     void SetUp() override {
         std::memcpy(savedHome_, QUAL_HOMEDIR, sizeof savedHome_);
         savedUse_ = UseQualHomedir;
-        char tmpl[] = "/tmp/almpaths.XXXXXX";
-        ASSERT_NE(::mkdtemp(tmpl), nullptr);
         // The canonical form, so that getcwd() answers the same text.
-        dir_ = fs::canonical(tmpl).string();
+        dir_ = fs::canonical(tmp_.path()).string();
         cwd_ = fs::current_path().string();
         for (const char* name : {"PATH", "COBALTHOME"}) {
             const char* v = std::getenv(name);
@@ -46,8 +45,7 @@ protected:
                 ::unsetenv(name.c_str());
         }
         std::error_code ec;
-        fs::current_path(cwd_, ec);
-        fs::remove_all(dir_, ec);
+        fs::current_path(cwd_, ec);  // out of dir_ before it goes
     }
 
     void setHome(const char* home) {
@@ -67,6 +65,7 @@ protected:
     std::string dir_;
 
 private:
+    test::TempDir tmp_;
     char savedHome_[QUAL_PATH_MAX + 1];
     int savedUse_ = 0;
     std::string cwd_;
