@@ -2,9 +2,7 @@
 // expansion of the catalog text that reports an unknown code.
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,6 +10,7 @@
 #include <cstring>
 #include <string>
 
+#include "common/runprogram.h"
 #include "dates/date_helpers.h"
 #include "forms/forms_helpers.h"
 #include "plan/almforms.h"
@@ -214,37 +213,20 @@ TEST(Report, CatalogTextIsExpandedWithFileLineAndCode) {
     const std::string home = ALM_BUILD_DIR;
     struct stat st{};
     if (stat((home + "/catalog/C/kestrel.cat").c_str(), &st) != 0) GTEST_SKIP() << "catalogs not built";
-    char path[] = "/tmp/alm_report_XXXXXX";
-    const int fd = mkstemp(path);
-    ASSERT_GE(fd, 0);
-    unlink(path);
-    const pid_t pid = fork();
-    ASSERT_GE(pid, 0);
-    if (pid == 0) {
-        const int null_fd = open("/dev/null", O_WRONLY);
-        if (chdir(home.c_str()) != 0 || null_fd < 0) _exit(2);
+    const test::RunResult r = test::run_child([&] {
+        if (chdir(home.c_str()) != 0) _exit(2);
         setenv("ALM_REPORT_CHILD", "1", 1);
         setenv("COBALTHOME", home.c_str(), 1);
         setenv("LANG", "C", 1);
         unsetenv("LC_ALL");
         unsetenv("LC_MESSAGES");
         unsetenv("NLSPATH");
-        dup2(null_fd, 1);
-        dup2(fd, 2);
         execl("/proc/self/exe", "test_forms", "--gtest_filter=Report.ChildConvertsAnUnknownCode",
               static_cast<char*>(nullptr));
         _exit(3);
-    }
-    int status = 0;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0);
-    std::string err;
-    lseek(fd, 0, SEEK_SET);
-    char buf[512];
-    ssize_t n;
-    while ((n = read(fd, buf, sizeof buf)) > 0) err.append(buf, static_cast<std::size_t>(n));
-    close(fd);
+    });
+    EXPECT_EQ(r.status, 0) << r.err;
+    const std::string& err = r.err;
     EXPECT_NE(err.find("almaccs(2064)"), std::string::npos) << err;
     EXPECT_NE(err.find(" 31354 "), std::string::npos) << err;
     EXPECT_EQ(err.find('%'), std::string::npos) << err;
