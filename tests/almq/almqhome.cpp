@@ -1,7 +1,6 @@
 #include "almqhome.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "client/almclient.h"
 #include "common/installhome.h"
@@ -57,15 +56,7 @@ bool AlmqHome::buildPlan(const std::string& desc, const std::string& rel, bool v
 }
 
 bool AlmqHome::buildPlanText(const std::string& text, const std::string& rel) const {
-    const std::string desc = file(rel + ".txt");
-    std::error_code ec;
-    fs::create_directories(fs::path(desc).parent_path(), ec);
-    {
-        std::ofstream f(desc, std::ios::binary);
-        f << text;
-        if (!f) return false;
-    }
-    return buildPlan(desc, rel);
+    return buildPlan(dir_.write(rel + ".txt", text), rel);
 }
 
 const AlmqHome& sample_home() {

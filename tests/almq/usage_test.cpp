@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "almqhome.h"
+#include "common/files.h"
 
 namespace alm::almqtest {
 namespace {
@@ -130,10 +130,7 @@ TEST(AlmqErrors, ServerThatStallsTimesOut) {
     const AlmqHome& home = sample_home();
     // Greets, then never answers: almq must give up after its timeout.
     const std::string stall = home.file("stall.sh");
-    {
-        std::ofstream f(stall);
-        f << "#!/bin/sh\nprintf 'AlmRead Lives'\nexec sleep 30\n";
-    }
+    test::write_file(stall, "#!/bin/sh\nprintf 'AlmRead Lives'\nexec sleep 30\n");
     std::filesystem::permissions(stall, std::filesystem::perms::owner_all);
     const RunResult r = home.runAlmq({"--server", stall, "--timeout", "1", "info"});
     EXPECT_EQ(r.status, 3);
