@@ -1,5 +1,7 @@
 #include "service/files.h"
 
+#include <sys/stat.h>
+
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -37,6 +39,23 @@ void closePlan(readerFile& rf) {
     char msg[ERRTEXT_MAX + 1] = {};
     alm_close(&rf.alm_ca, 0, &errType, msg, sizeof msg);
     rf.alm_ca = nullptr;
+}
+
+// fcntl locks belong to the process, not to the descriptor: closing one
+// session drops the presence lock of every other session this process has
+// on the same file. Those sessions take theirs again, so the scheduler still
+// sees a reader while any of them is open.
+void retakePresenceLocks(const struct stat& closed) {
+    sllIterator it;
+    sllStartIterator(pListOfFiles.get(), it);
+    while (sllNextIterator(it)) {
+        auto* rf = static_cast<readerFile*>(sllGetIteratorValue(it));
+        if (!rf->opened || rf->alm_ca == nullptr) continue;
+        struct stat st {};
+        if (::fstat(rf->alm_ca->fnum, &st) != 0 || st.st_dev != closed.st_dev || st.st_ino != closed.st_ino)
+            continue;
+        alm_lock(rf->alm_ca, ALM_LOCK_READER, 0);
+    }
 }
 
 void releaseRecord(readerFile* rf) {
@@ -146,8 +165,11 @@ void readerCloseAlmanack(Request& req) {
     if (req.numData != 1) return;
     readerFile* rf = readerFindFile(firstArgument(req));
     if (rf == nullptr) return;
+    struct stat closed {};
+    const bool shared = rf->opened && rf->alm_ca != nullptr && ::fstat(rf->alm_ca->fnum, &closed) == 0;
     if (rf->opened) closePlan(*rf);
     releaseRecord(rf);
+    if (shared) retakePresenceLocks(closed);
     readerCloseAlmanackReturn(req.id);
 }
 

@@ -242,12 +242,16 @@ TEST_F(Files, TwoOpensOfOneFileGiveTwoHandles) {
     ASSERT_EQ(a[0], "0");
     ASSERT_EQ(b[0], "0");
     EXPECT_NE(a[2], b[2]);
-    // Closing one leaves the other open.
+    // Closing one leaves the other open, its presence lock still held.
     EXPECT_EQ(ask(client_, 3, 3, {a[2]}).size(), 0u);
+    const LockInfo held = probeLock(plan_, 0, 1);
+    EXPECT_EQ(held.type, F_RDLCK);
+    EXPECT_EQ(held.pid, client_.pid());
     FrameHeader h;
     ask(client_, 8, 4, {b[2], "@"}, &h);
     EXPECT_EQ(h.numData, 2u);
     EXPECT_EQ(ask(client_, 3, 5, {b[2]}).size(), 0u);
+    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
     expectCleanEnd(client_);
 }
 
