@@ -7,6 +7,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -275,6 +276,7 @@ ClientStatus AlmClient::start(const std::string& program, const std::vector<std:
     toServer_ = in[1];
     fromServer_ = out[0];
     errFromServer_ = err[0];
+    aheadPos_ = aheadLen_ = 0;
     return ClientStatus::Ok;
 }
 
@@ -306,7 +308,17 @@ ClientStatus AlmClient::closeInput() {
 ClientStatus AlmClient::closeOutput() {
     if (fromServer_ < 0) return ClientStatus::NotRunning;
     closeFd(fromServer_);
+    aheadPos_ = aheadLen_ = 0;
     return ClientStatus::Ok;
+}
+
+std::size_t AlmClient::takeBuffered(unsigned char* dst, std::size_t length) {
+    const std::size_t n = std::min(length, aheadLen_ - aheadPos_);
+    if (n == 0) return 0;
+    std::memcpy(dst, readAhead_.get() + aheadPos_, n);
+    aheadPos_ += n;
+    if (aheadPos_ == aheadLen_) aheadPos_ = aheadLen_ = 0;
+    return n;
 }
 
 ClientStatus AlmClient::readExact(void* buffer, std::size_t length, int timeoutMs,
@@ -319,19 +331,29 @@ ClientStatus AlmClient::readExact(void* buffer, std::size_t length, int timeoutM
     if (fromServer_ < 0) return finish(ClientStatus::NotRunning);
     const Deadline deadline(timeoutMs);
     auto* dst = static_cast<unsigned char*>(buffer);
+    done = takeBuffered(dst, length);
     while (done < length) {
         if (!deadline.infinite()) {
             const int ready = pollIn(fromServer_, deadline);
             if (ready < 0) return finish(fail(errno));
             if (ready == 0) return finish(ClientStatus::Timeout);
         }
-        const ssize_t n = ::read(fromServer_, dst + done, length - done);
+        // Large reads go straight to the caller; small ones fill the buffer.
+        const bool direct = length - done >= kReadAheadBytes;
+        if (!direct && !readAhead_) readAhead_ = std::make_unique_for_overwrite<unsigned char[]>(kReadAheadBytes);
+        const ssize_t n = direct ? ::read(fromServer_, dst + done, length - done)
+                                 : ::read(fromServer_, readAhead_.get(), kReadAheadBytes);
         if (n < 0) {
             if (errno == EINTR || errno == EAGAIN) continue;
             return finish(fail(errno));
         }
         if (n == 0) return finish(ClientStatus::Eof);
-        done += static_cast<std::size_t>(n);
+        if (direct) {
+            done += static_cast<std::size_t>(n);
+        } else {
+            aheadLen_ = static_cast<std::size_t>(n);
+            done += takeBuffered(dst + done, length - done);
+        }
     }
     return finish(ClientStatus::Ok);
 }
@@ -382,7 +404,13 @@ ClientStatus AlmClient::readFd(int fd, std::string& out, int timeoutMs) {
 }
 
 ClientStatus AlmClient::readAll(std::string& out, int timeoutMs) {
-    return readFd(fromServer_, out, timeoutMs);
+    std::string buffered;
+    if (aheadPos_ < aheadLen_)
+        buffered.assign(reinterpret_cast<const char*>(readAhead_.get()) + aheadPos_, aheadLen_ - aheadPos_);
+    aheadPos_ = aheadLen_ = 0;
+    const ClientStatus st = readFd(fromServer_, out, timeoutMs);
+    out.insert(0, buffered);
+    return st;
 }
 
 ClientStatus AlmClient::readStderr(std::string& out, int timeoutMs) {
@@ -391,6 +419,7 @@ ClientStatus AlmClient::readStderr(std::string& out, int timeoutMs) {
 
 ClientStatus AlmClient::waitReadable(int timeoutMs) {
     if (fromServer_ < 0) return ClientStatus::NotRunning;
+    if (aheadPos_ < aheadLen_) return ClientStatus::Ok;
     const int ready = pollIn(fromServer_, Deadline(timeoutMs));
     if (ready < 0) return fail(errno);
     return ready ? ClientStatus::Ok : ClientStatus::Timeout;

@@ -133,6 +133,8 @@ public:
 
 private:
     ClientStatus readFd(int fd, std::string& out, int timeoutMs);
+    // Moves up to length buffered output bytes to dst; how many it moved.
+    std::size_t takeBuffered(unsigned char* dst, std::size_t length);
     ClientStatus fail(int err);
     void closeFd(int& fd);
 
@@ -140,6 +142,12 @@ private:
     int toServer_ = -1;
     int fromServer_ = -1;
     int errFromServer_ = -1;
+    // Output read ahead of the caller, so that a stream of small records
+    // costs one read per buffer rather than one per record.
+    static constexpr std::size_t kReadAheadBytes = 64 * 1024;
+    std::unique_ptr<unsigned char[]> readAhead_;
+    std::size_t aheadPos_ = 0;
+    std::size_t aheadLen_ = 0;
     int errno_ = 0;
     std::size_t maxBodyBytes_ = std::size_t{1} << 32;
 };

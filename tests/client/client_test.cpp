@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -205,6 +206,31 @@ TEST(Client, LargeReplyArrivesWhole) {
     ASSERT_EQ(r.bodySize(), kBody);
     EXPECT_EQ(r.recordCount(), kBody / 512);
     EXPECT_EQ(r.record(kBody / 512 - 1)[511], 'r');
+    EXPECT_EQ(finish(c), 0);
+}
+
+// A stream of small pieces, read a few bytes at a time, arrives in order and
+// whole; what is already read ahead counts as readable and ends up in readAll.
+TEST(Client, SmallReadsOfALongStream) {
+    AlmClient c;
+    // 300,000 lines "000000".."299999": 2.1 MB in one stream.
+    ASSERT_OK(startShell(c, "seq -f '%06g' 0 299999"));
+    char line[7];
+    for (int i = 0; i < 200000; ++i) {
+        ASSERT_OK(c.readExact(line, sizeof line, kWaitMs)) << i;
+        char expected[8];
+        std::snprintf(expected, sizeof expected, "%06d\n", i);
+        ASSERT_EQ(std::string(line, sizeof line), std::string(expected)) << i;
+    }
+    EXPECT_STATUS(c.waitReadable(0), ClientStatus::Ok);
+    std::string rest;
+    ASSERT_OK(c.readAll(rest, kWaitMs));
+    ASSERT_EQ(rest.size(), 100000u * 7);
+    EXPECT_EQ(rest.substr(0, 7), "200000\n");
+    EXPECT_EQ(rest.substr(rest.size() - 7), "299999\n");
+    std::size_t got = 99;
+    EXPECT_STATUS(c.readExact(line, 1, kWaitMs, &got), ClientStatus::Eof);
+    EXPECT_EQ(got, 0u);
     EXPECT_EQ(finish(c), 0);
 }
 
