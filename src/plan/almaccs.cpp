@@ -375,7 +375,7 @@ int alm_write_header(alm_comarea* alm_ca, const SH_RECTYPE* sh_rec) {
 
     ssize_t n = pwrite_retry(ca->fnum, &raw, static_cast<std::size_t>(size), 0);
     if (n < 0) return set_error(ca, ALM_E_WRITE, errno, 0);
-    if (n != size) return set_error(ca, ALM_E_WRITE, 0, 0);
+    if (n != size) return set_error(ca, ALM_E_WRITE, EIO, 0);  // a short write, as an I/O error
     ++ca->rec_writes[ALM_SLOT_HEADER];
     if (sh_rec != ca->sh_rec) std::memcpy(static_cast<void*>(ca->sh_rec), sh_rec, sizeof *sh_rec);
     return size;
