@@ -5,6 +5,7 @@
 #include <chrono>
 #include <climits>
 #include <cstdlib>
+#include <string_view>
 #include <vector>
 
 #include "deptree.h"
@@ -103,6 +104,7 @@ private:
     bool openPlan(std::string& error);
     bool closePlan(std::string& error);
     bool recordQuery(std::uint32_t type, Reply& reply, std::string& error);
+    void showTable(const TextTable& table);
 
     int ping();
     int logs();
@@ -188,6 +190,13 @@ bool Session::recordQuery(std::uint32_t type, Reply& reply, std::string& error) 
     return true;
 }
 
+void Session::showTable(const TextTable& table) {
+    table.render([this](std::string_view line) {
+        out_ += line;
+        spill();
+    });
+}
+
 void Session::dumpFrames() {
     if (o_.output != OutputForm::Raw) return;
     out_.clear();
@@ -233,7 +242,8 @@ int Session::ping() {
         char summary[160];
         std::snprintf(summary, sizeof summary, "%ld round trips: min %.3f ms, avg %.3f ms, max %.3f ms\n",
                       o_.pingCount, least / 1000, total / 1000 / static_cast<double>(o_.pingCount), most / 1000);
-        out_ += table.render() + summary;
+        showTable(table);
+        out_ += summary;
     }
     return EXIT_OK;
 }
@@ -259,7 +269,10 @@ int Session::logs() {
         err_ = "almq: no archived plans";
         return EXIT_NO_MATCH;
     }
-    if (o_.output == OutputForm::Table) out_ += table.render() + plural(names.size(), "archived plan", "archived plans") + "\n";
+    if (o_.output == OutputForm::Table) {
+        showTable(table);
+        out_ += plural(names.size(), "archived plan", "archived plans") + "\n";
+    }
     return EXIT_OK;
 }
 
@@ -284,7 +297,7 @@ int Session::info() {
     table.add({"master", open_[6]});
     table.add({"job fence", std::to_string(to_int(open_[7]))});
     table.add({"format", std::to_string(version) + (version != 0 ? " (512-byte records)" : " (256-byte records)")});
-    out_ += table.render();
+    showTable(table);
     return EXIT_OK;
 }
 
@@ -312,7 +325,10 @@ int Session::cpus() {
                                           static_cast<std::uint16_t>(field_int(r, "sci_flags")))})});
     }
     if (reply.header.numData == 0) return noMatch("workstation");
-    if (o_.output == OutputForm::Table) out_ += table.render() + plural(table.rows(), "workstation", "workstations") + "\n";
+    if (o_.output == OutputForm::Table) {
+        showTable(table);
+        out_ += plural(table.rows(), "workstation", "workstations") + "\n";
+    }
     return EXIT_OK;
 }
 
@@ -344,7 +360,10 @@ int Session::scheds() {
                                           static_cast<std::uint16_t>(field_int(r, "ss_re_flags")))})});
     }
     if (reply.header.numData == 0) return noMatch("schedule");
-    if (o_.output == OutputForm::Table) out_ += table.render() + plural(table.rows(), "schedule", "schedules") + "\n";
+    if (o_.output == OutputForm::Table) {
+        showTable(table);
+        out_ += plural(table.rows(), "schedule", "schedules") + "\n";
+    }
     return EXIT_OK;
 }
 
@@ -394,7 +413,10 @@ int Session::jobs() {
                    job_script(r)});
     }
     if (reply.header.numData == 0) return noMatch("job");
-    if (o_.output == OutputForm::Table) out_ += table.render() + plural(table.rows(), "job", "jobs") + "\n";
+    if (o_.output == OutputForm::Table) {
+        showTable(table);
+        out_ += plural(table.rows(), "job", "jobs") + "\n";
+    }
     return EXIT_OK;
 }
 

@@ -2,7 +2,11 @@
 // between columns, numbers right-aligned, no trailing blanks.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace alm {
@@ -18,16 +22,24 @@ public:
     explicit TextTable(std::vector<Column> columns);
 
     // A row with fewer cells than columns is padded with empty cells.
-    void add(std::vector<std::string> cells);
-    std::size_t rows() const { return rows_.size(); }
-    std::string render() const;
+    void add(std::initializer_list<std::string_view> cells);
+    std::size_t rows() const { return rows_; }
+    // Hands the table out line by line, each with its newline.
+    void render(const std::function<void(std::string_view)>& emit) const;
 
 private:
+    void append(std::size_t column, std::string_view cell);
+
     std::vector<Column> columns_;
-    std::vector<std::vector<std::string>> rows_;
+    std::vector<std::size_t> width_;  // widest cell of each column so far, title included
+    // The cells only, each ended by a NUL (control bytes never stay in a
+    // cell), row after row, in blocks that a row never straddles: a long
+    // listing grows without copying what it holds.
+    std::vector<std::string> blocks_;
+    std::size_t rows_ = 0;
 };
 
 // Characters as a terminal shows them: UTF-8 continuation bytes take no room.
-std::size_t display_width(const std::string& s);
+std::size_t display_width(std::string_view s);
 
 }  // namespace alm
