@@ -2,15 +2,17 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <climits>
 #include <cstdlib>
+#include <functional>
 #include <string_view>
 #include <vector>
 
 #include "deptree.h"
 #include "hexdump.h"
-#include "jsonvalue.h"
+#include "jsonwriter.h"
 #include "plan/almrecs.h"
 #include "planview.h"
 #include "serverlink.h"
@@ -103,7 +105,12 @@ private:
 
     bool openPlan(std::string& error);
     bool closePlan(std::string& error);
-    bool recordQuery(std::uint32_t type, Reply& reply, std::string& error);
+    bool recordQuery(std::uint32_t type, const std::function<void(const unsigned char*)>& onRecord,
+                     std::uint32_t& count, std::string& error);
+    // One JSON object on a line of its own, with the members that fill writes.
+    void jsonLine(const std::function<void(JsonWriter&)>& fill);
+    // The JSON line of a whole record.
+    void recordLine(const unsigned char* rec, RecordKind kind, ReplySource source);
     void showTable(const TextTable& table);
 
     int ping();
@@ -176,9 +183,11 @@ bool Session::closePlan(std::string& error) {
     return link_.call(REQ_CLOSE, {open_[2]}, reply, error);
 }
 
-bool Session::recordQuery(std::uint32_t type, Reply& reply, std::string& error) {
+bool Session::recordQuery(std::uint32_t type, const std::function<void(const unsigned char*)>& onRecord,
+                          std::uint32_t& count, std::string& error) {
     std::vector<std::string> args{open_[2]};
     args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
+    Reply reply;
     if (!link_.call(type, args, reply, error)) return false;
     if (reply.header.numData != 0 &&
         (reply.header.dataType != 1 || reply.header.bytesPerRecord != WIRE_RECORD_BYTES ||
@@ -187,7 +196,22 @@ bool Session::recordQuery(std::uint32_t type, Reply& reply, std::string& error) 
                 std::to_string(reply.header.bytesPerRecord) + " bytes)";
         return false;
     }
+    for (std::size_t i = 0; i < reply.header.numData; ++i) onRecord(reply.record(i));
+    count = reply.header.numData;
     return true;
+}
+
+void Session::jsonLine(const std::function<void(JsonWriter&)>& fill) {
+    JsonWriter w(out_);
+    w.beginObject();
+    fill(w);
+    w.endObject();
+    out_ += '\n';
+}
+
+void Session::recordLine(const unsigned char* rec, RecordKind kind, ReplySource source) {
+    jsonLine([&](JsonWriter& w) { write_record_json(rec, kind, source, w); });
+    spill();
 }
 
 void Session::showTable(const TextTable& table) {
@@ -226,12 +250,12 @@ int Session::ping() {
         most = us > most ? us : most;
         const std::size_t bytes = ALM_FRAME_HEADER_BYTES + reply.bodySize();
         if (o_.output == OutputForm::Json) {
-            JsonValue line = JsonValue::object();
-            line.set("seq", JsonValue::integer(i));
-            line.set("id", JsonValue::integer(reply.header.id));
-            line.set("bytes", JsonValue::integer(static_cast<std::int64_t>(bytes)));
-            line.set("usec", JsonValue::integer(static_cast<std::int64_t>(us + 0.5)));
-            out_ += line.dump() + "\n";
+            jsonLine([&](JsonWriter& w) {
+                w.member("seq", i);
+                w.member("id", reply.header.id);
+                w.member("bytes", static_cast<std::int64_t>(bytes));
+                w.member("usec", static_cast<std::int64_t>(us + 0.5));
+            });
         } else {
             char ms[32];
             std::snprintf(ms, sizeof ms, "%.3f ms", us / 1000);
@@ -257,9 +281,7 @@ int Session::logs() {
     TextTable table({{"PLAN"}, {"PATH"}});
     for (const std::string& path : names) {
         if (o_.output == OutputForm::Json) {
-            JsonValue line = JsonValue::object();
-            line.set("path", JsonValue::string(path));
-            out_ += line.dump() + "\n";
+            jsonLine([&](JsonWriter& w) { w.member("path", path); });
         } else {
             const auto slash = path.rfind('/');
             table.add({slash == std::string::npos ? path : path.substr(slash + 1), path});
@@ -278,13 +300,17 @@ int Session::logs() {
 
 int Session::info() {
     if (o_.output == OutputForm::Json) {
-        JsonValue line = JsonValue::object();
-        line.set("plan", JsonValue::string(o_.plan));
-        for (std::size_t i = 0; i < kOpenStrings; ++i) {
-            const bool text = i == 1 || i == 5 || i == 6;
-            line.set(kOpenFields[i], text ? JsonValue::string(open_[i]) : JsonValue::integer(to_int(open_[i])));
-        }
-        out_ += line.dump() + "\n";
+        jsonLine([&](JsonWriter& w) {
+            w.member("plan", o_.plan);
+            for (std::size_t i = 0; i < kOpenStrings; ++i) {
+                const bool text = i == 1 || i == 5 || i == 6;
+                if (text) {
+                    w.member(kOpenFields[i], open_[i]);
+                } else {
+                    w.member(kOpenFields[i], to_int(open_[i]));
+                }
+            }
+        });
         return EXIT_OK;
     }
     const std::int64_t version = to_int(open_[8]);
@@ -301,30 +327,44 @@ int Session::info() {
     return EXIT_OK;
 }
 
+// The fields of one kind of record, as one reply sends them.
+class Fields {
+public:
+    Fields(RecordKind kind, ReplySource source) : kind_(kind), source_(source) {}
+    WireField operator()(std::string_view name) const { return WireField(kind_, name, source_); }
+
+private:
+    RecordKind kind_;
+    ReplySource source_;
+};
+
+std::string number(std::int64_t v) { return std::to_string(v); }
+
+std::string flags_of(FlagWord which, const WireField& field, const unsigned char* rec) {
+    return flag_names(which, static_cast<std::uint16_t>(field.integer(rec)));
+}
+
 int Session::cpus() {
-    Reply reply;
-    std::string error;
-    if (!recordQuery(REQ_WORKSTATIONS, reply, error)) return fail(error);
+    const Fields f(RecordKind::Workstation, ReplySource::CpuQuery);
+    const WireField id = f("sci_cpu_id"), host = f("sci_host_cpu"), node = f("sci_node_name"),
+                    domain = f("sci_domain_name"), parent = f("sci_domain_parent"), type = f("sci_cpu_type"),
+                    status = f("sci_status"), limit = f("sci_cpu_limit"), fence = f("sci_job_fence"),
+                    run = f("sci_run_number"), date = f("sci_date_started"), time = f("sci_time_started"),
+                    flags = f("sci_flags");
     TextTable table({{"WORKSTATION"}, {"HOST"}, {"NODE"}, {"DOMAIN"}, {"PARENT"}, {"TYPE"},
                      {"STATUS"}, {"LIMIT", Align::Right}, {"FENCE", Align::Right}, {"RUN", Align::Right},
                      {"STARTED"}, {"FLAGS"}});
-    for (std::size_t i = 0; i < reply.header.numData; ++i) {
-        const JsonValue r = decode_record(reply.record(i), RecordKind::Workstation, ReplySource::CpuQuery);
-        if (o_.output == OutputForm::Json) {
-            out_ += r.dump() + "\n";
-            spill();
-            continue;
-        }
-        table.add({field_text(r, "sci_cpu_id"), field_text(r, "sci_host_cpu"), field_text(r, "sci_node_name"),
-                   field_text(r, "sci_domain_name"), field_text(r, "sci_domain_parent"),
-                   field_text(r, "sci_cpu_type"), state_name(field_int(r, "sci_status")),
-                   std::to_string(field_int(r, "sci_cpu_limit")), std::to_string(field_int(r, "sci_job_fence")),
-                   std::to_string(field_int(r, "sci_run_number")),
-                   local_date_time(field_int(r, "sci_date_started"), field_int(r, "sci_time_started")),
-                   join_flags({flag_names(FlagWord::Workstation,
-                                          static_cast<std::uint16_t>(field_int(r, "sci_flags")))})});
-    }
-    if (reply.header.numData == 0) return noMatch("workstation");
+    auto onRecord = [&](const unsigned char* r) {
+        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Workstation, ReplySource::CpuQuery);
+        table.add({id.text(r), host.text(r), node.text(r), domain.text(r), parent.text(r), type.text(r),
+                   state_name(status.integer(r)), number(limit.integer(r)), number(fence.integer(r)),
+                   number(run.integer(r)), local_date_time(date.integer(r), time.integer(r)),
+                   join_flags({flags_of(FlagWord::Workstation, flags, r)})});
+    };
+    std::uint32_t count = 0;
+    std::string error;
+    if (!recordQuery(REQ_WORKSTATIONS, onRecord, count, error)) return fail(error);
+    if (count == 0) return noMatch("workstation");
     if (o_.output == OutputForm::Table) {
         showTable(table);
         out_ += plural(table.rows(), "workstation", "workstations") + "\n";
@@ -333,33 +373,31 @@ int Session::cpus() {
 }
 
 int Session::scheds() {
-    Reply reply;
-    std::string error;
-    if (!recordQuery(REQ_SCHEDULES, reply, error)) return fail(error);
+    const Fields f(RecordKind::Schedule, ReplySource::SchedQuery);
+    const WireField cpu = f("ss_cpu_id"), name = f("ss_sched_name"), status = f("ss_status"),
+                    pri = f("ss_sched_pri"), schedDate = f("ss_sched_date"), start = f("ss_start_time"),
+                    untilDate = f("ss_until_date"), untilTime = f("ss_until_time"),
+                    dateStarted = f("ss_date_started"), timeStarted = f("ss_time_started"), jobs = f("ss_num_jobs"),
+                    succ = f("ss_num_succ"), exec = f("ss_num_exec"), abend = f("ss_num_abend"),
+                    failed = f("ss_num_failed"), depends = f("ss_num_depends"), flags = f("ss_flags"),
+                    reFlags = f("ss_re_flags");
     TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"STATUS"}, {"PRI", Align::Right}, {"START"}, {"UNTIL"},
                      {"STARTED"}, {"JOBS", Align::Right}, {"SUCC", Align::Right}, {"EXEC", Align::Right},
                      {"ABEND", Align::Right}, {"FAIL", Align::Right}, {"DEPS", Align::Right}, {"FLAGS"}});
-    for (std::size_t i = 0; i < reply.header.numData; ++i) {
-        const JsonValue r = decode_record(reply.record(i), RecordKind::Schedule, ReplySource::SchedQuery);
-        if (o_.output == OutputForm::Json) {
-            out_ += r.dump() + "\n";
-            spill();
-            continue;
-        }
-        const JsonValue* pri = r.find("ss_sched_pri");
-        table.add({field_text(r, "ss_cpu_id"), field_text(r, "ss_sched_name"), state_name(field_int(r, "ss_status")),
-                   pri != nullptr ? std::to_string(field_int(*pri, "priority")) : "",
-                   local_date_time(field_int(r, "ss_sched_date"), field_int(r, "ss_start_time")),
-                   local_date_time(field_int(r, "ss_until_date"), field_int(r, "ss_until_time")),
-                   local_date_time(field_int(r, "ss_date_started"), field_int(r, "ss_time_started")),
-                   std::to_string(field_int(r, "ss_num_jobs")), std::to_string(field_int(r, "ss_num_succ")),
-                   std::to_string(field_int(r, "ss_num_exec")), std::to_string(field_int(r, "ss_num_abend")),
-                   std::to_string(field_int(r, "ss_num_failed")), std::to_string(field_int(r, "ss_num_depends")),
-                   join_flags({flag_names(FlagWord::Schedule, static_cast<std::uint16_t>(field_int(r, "ss_flags"))),
-                               flag_names(FlagWord::ScheduleRe,
-                                          static_cast<std::uint16_t>(field_int(r, "ss_re_flags")))})});
-    }
-    if (reply.header.numData == 0) return noMatch("schedule");
+    auto onRecord = [&](const unsigned char* r) {
+        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Schedule, ReplySource::SchedQuery);
+        table.add({cpu.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
+                   local_date_time(schedDate.integer(r), start.integer(r)),
+                   local_date_time(untilDate.integer(r), untilTime.integer(r)),
+                   local_date_time(dateStarted.integer(r), timeStarted.integer(r)), number(jobs.integer(r)),
+                   number(succ.integer(r)), number(exec.integer(r)), number(abend.integer(r)),
+                   number(failed.integer(r)), number(depends.integer(r)),
+                   join_flags({flags_of(FlagWord::Schedule, flags, r), flags_of(FlagWord::ScheduleRe, reFlags, r)})});
+    };
+    std::uint32_t count = 0;
+    std::string error;
+    if (!recordQuery(REQ_SCHEDULES, onRecord, count, error)) return fail(error);
+    if (count == 0) return noMatch("schedule");
     if (o_.output == OutputForm::Table) {
         showTable(table);
         out_ += plural(table.rows(), "schedule", "schedules") + "\n";
@@ -367,52 +405,40 @@ int Session::scheds() {
     return EXIT_OK;
 }
 
-std::string job_flags(const JsonValue& r) {
-    return join_flags({flag_names(FlagWord::Job, static_cast<std::uint16_t>(field_int(r, "sj_flags"))),
-                       flag_names(FlagWord::Job2, static_cast<std::uint16_t>(field_int(r, "sj_flags2"))),
-                       flag_names(FlagWord::JobRe, static_cast<std::uint16_t>(field_int(r, "sj_re_flags")))});
-}
-
 // What the job runs: its script file, a user job's name, or where a long
 // script text is kept.
-std::string job_script(const JsonValue& r) {
-    const JsonValue* f = r.find("sj_fname_jname");
-    if (f == nullptr) return "";
-    if (const JsonValue* v = f->find("jcl_file")) return v->asString();
-    if (const JsonValue* v = f->find("real_name")) return v->asString();
-    if (const JsonValue* loc = f->find("jcl_loc")) {
-        return "(text in record " + std::to_string(field_int(*loc, "st_rec_num")) + " at " +
-               std::to_string(field_int(*loc, "st_offset")) + ")";
-    }
-    return "";
+std::string script_text(const unsigned char* rec) {
+    const JobScript script = job_script(rec);
+    if (script.form != JobScript::Form::LongText) return script.text;
+    return "(text in record " + number(script.recNum) + " at " + number(script.offset) + ")";
 }
 
 int Session::jobs() {
-    Reply reply;
-    std::string error;
-    if (!recordQuery(REQ_JOBS, reply, error)) return fail(error);
+    const Fields f(RecordKind::Job, ReplySource::JobQuery);
+    const WireField cpu = f("sj_cpu_id"), sched = f("sj_schedule"), name = f("sj_job_name"), status = f("sj_status"),
+                    pri = f("sj_job_pri"), user = f("sj_job_user"), schedDate = f("sj_sched_date"),
+                    start = f("sj_start_time"), dateStarted = f("sj_date_started"),
+                    timeStarted = f("sj_time_started"), elapse = f("sj_elapse_time"), untilDate = f("sj_until_date"),
+                    untilTime = f("sj_until_time"), depends = f("sj_num_depends"), flags = f("sj_flags"),
+                    flags2 = f("sj_flags2"), reFlags = f("sj_re_flags");
     TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"JOB"}, {"STATUS"}, {"PRI", Align::Right}, {"USER"},
                      {"START"}, {"STARTED"}, {"ELAPSE", Align::Right}, {"UNTIL"}, {"DEPS", Align::Right},
                      {"FLAGS"}, {"SCRIPT"}});
-    for (std::size_t i = 0; i < reply.header.numData; ++i) {
-        const JsonValue r = decode_record(reply.record(i), RecordKind::Job, ReplySource::JobQuery);
-        if (o_.output == OutputForm::Json) {
-            out_ += r.dump() + "\n";
-            spill();
-            continue;
-        }
-        const JsonValue* pri = r.find("sj_job_pri");
-        table.add({field_text(r, "sj_cpu_id"), field_text(r, "sj_schedule"), field_text(r, "sj_job_name"),
-                   state_name(field_int(r, "sj_status")),
-                   pri != nullptr ? std::to_string(field_int(*pri, "priority")) : "", field_text(r, "sj_job_user"),
-                   local_date_time(field_int(r, "sj_sched_date"), field_int(r, "sj_start_time")),
-                   local_date_time(field_int(r, "sj_date_started"), field_int(r, "sj_time_started")),
-                   std::to_string(field_int(r, "sj_elapse_time")),
-                   local_date_time(field_int(r, "sj_until_date"), field_int(r, "sj_until_time")),
-                   std::to_string(std::max<std::int64_t>(field_int(r, "sj_num_depends"), 0)), job_flags(r),
-                   job_script(r)});
-    }
-    if (reply.header.numData == 0) return noMatch("job");
+    auto onRecord = [&](const unsigned char* r) {
+        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Job, ReplySource::JobQuery);
+        table.add({cpu.text(r), sched.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
+                   user.text(r), local_date_time(schedDate.integer(r), start.integer(r)),
+                   local_date_time(dateStarted.integer(r), timeStarted.integer(r)), number(elapse.integer(r)),
+                   local_date_time(untilDate.integer(r), untilTime.integer(r)),
+                   number(std::max<std::int64_t>(depends.integer(r), 0)),
+                   join_flags({flags_of(FlagWord::Job, flags, r), flags_of(FlagWord::Job2, flags2, r),
+                               flags_of(FlagWord::JobRe, reFlags, r)}),
+                   script_text(r)});
+    };
+    std::uint32_t count = 0;
+    std::string error;
+    if (!recordQuery(REQ_JOBS, onRecord, count, error)) return fail(error);
+    if (count == 0) return noMatch("job");
     if (o_.output == OutputForm::Table) {
         showTable(table);
         out_ += plural(table.rows(), "job", "jobs") + "\n";
@@ -427,21 +453,46 @@ std::string when(const char* what, std::int64_t date, std::int64_t hhmm) {
 
 std::string quoted(const std::string& s) { return "\"" + s + "\""; }
 
-// One line of the dependency tree, without its indentation.
-std::string tree_line(const DepNode& n, const JsonValue& r) {
+// The lines of the dependency tree, from the fields that the dependency
+// reply sends.
+class TreeLines {
+public:
+    // One line, without its indentation.
+    std::string line(const DepNode& n, const unsigned char* r) const;
+
+private:
+    const Fields ss_{RecordKind::Schedule, ReplySource::DepQuery};
+    const Fields sj_{RecordKind::Job, ReplySource::DepQuery};
+    const Fields sm_{RecordKind::Prompt, ReplySource::DepQuery};
+    const Fields sf_{RecordKind::File, ReplySource::DepQuery};
+    const Fields sr_{RecordKind::Resource, ReplySource::DepQuery};
+    const WireField ssCpu_ = ss_("ss_cpu_id"), ssName_ = ss_("ss_sched_name"), ssStatus_ = ss_("ss_status"),
+                    ssSchedDate_ = ss_("ss_sched_date"), ssStart_ = ss_("ss_start_time"),
+                    ssDateStarted_ = ss_("ss_date_started"), ssTimeStarted_ = ss_("ss_time_started");
+    const WireField sjCpu_ = sj_("sj_cpu_id"), sjSched_ = sj_("sj_schedule"), sjName_ = sj_("sj_job_name"),
+                    sjStatus_ = sj_("sj_status"), sjSchedDate_ = sj_("sj_sched_date"), sjStart_ = sj_("sj_start_time"),
+                    sjDateStarted_ = sj_("sj_date_started"), sjTimeStarted_ = sj_("sj_time_started");
+    const WireField smName_ = sm_("sm_msg_name"), smMessage_ = sm_("sm_message"), smMore_ = sm_("sm_message_more"),
+                    smDateAsked_ = sm_("sm_date_asked"), smTimeAsked_ = sm_("sm_time_asked"),
+                    smDateResp_ = sm_("sm_date_resp"), smTimeResp_ = sm_("sm_time_resp");
+    const WireField sfCpu_ = sf_("sf_cpu_id"), sfName_ = sf_("sf_file_name"), sfFeqLen_ = sf_("sf_feq_len"),
+                    sfFeq_ = sf_("sf_feq");
+    const WireField srCpu_ = sr_("sr_cpu_id"), srName_ = sr_("sr_resource_name"), srAvail_ = sr_("sr_num_avail"),
+                    srUsed_ = sr_("sr_num_used");
+};
+
+std::string TreeLines::line(const DepNode& n, const unsigned char* r) const {
     const std::string pad = "  ";
     switch (n.role) {
         case DepRole::Schedule:
-            return field_text(r, "ss_cpu_id") + "#" + field_text(r, "ss_sched_name") + pad +
-                   state_name(field_int(r, "ss_status")) +
-                   when("start", field_int(r, "ss_sched_date"), field_int(r, "ss_start_time")) +
-                   when("started", field_int(r, "ss_date_started"), field_int(r, "ss_time_started"));
+            return ssCpu_.text(r) + "#" + ssName_.text(r) + pad + state_name(ssStatus_.integer(r)) +
+                   when("start", ssSchedDate_.integer(r), ssStart_.integer(r)) +
+                   when("started", ssDateStarted_.integer(r), ssTimeStarted_.integer(r));
         case DepRole::Job:
         case DepRole::Restart:
-            return std::string(n.role == DepRole::Job ? "job      " : "restart  ") + field_text(r, "sj_job_name") +
-                   pad + state_name(field_int(r, "sj_status")) +
-                   when("start", field_int(r, "sj_sched_date"), field_int(r, "sj_start_time")) +
-                   when("started", field_int(r, "sj_date_started"), field_int(r, "sj_time_started"));
+            return std::string(n.role == DepRole::Job ? "job      " : "restart  ") + sjName_.text(r) + pad +
+                   state_name(sjStatus_.integer(r)) + when("start", sjSchedDate_.integer(r), sjStart_.integer(r)) +
+                   when("started", sjDateStarted_.integer(r), sjTimeStarted_.integer(r));
         case DepRole::Dependency:
         case DepRole::Stray: break;
     }
@@ -449,75 +500,77 @@ std::string tree_line(const DepNode& n, const JsonValue& r) {
     label.resize(9, ' ');
     switch (n.kind) {
         case RecordKind::SchedDep:
-            return label + field_text(r, "ss_cpu_id") + "#" + field_text(r, "ss_sched_name") + pad +
-                   state_name(field_int(r, "ss_status"));
+            return label + ssCpu_.text(r) + "#" + ssName_.text(r) + pad + state_name(ssStatus_.integer(r));
         case RecordKind::JobDep:
-            return label + field_text(r, "sj_cpu_id") + "#" + field_text(r, "sj_schedule") + "." +
-                   field_text(r, "sj_job_name") + pad + state_name(field_int(r, "sj_status"));
+            return label + sjCpu_.text(r) + "#" + sjSched_.text(r) + "." + sjName_.text(r) + pad +
+                   state_name(sjStatus_.integer(r));
         case RecordKind::Prompt: {
-            std::string text = field_text(r, "sm_message");
-            const std::string more = field_text(r, "sm_message_more");
+            std::string text = smMessage_.text(r);
+            const std::string more = smMore_.text(r);
             if (!more.empty()) text += (text.size() < 80 ? " " : "") + more;
-            return label + field_text(r, "sm_msg_name") + ((n.flag & 0x7F) == LocMsgDep ? " (local)" : "") + pad +
-                   quoted(text) + when("asked", field_int(r, "sm_date_asked"), field_int(r, "sm_time_asked")) +
-                   when("answered", field_int(r, "sm_date_resp"), field_int(r, "sm_time_resp"));
+            return label + smName_.text(r) + ((n.flag & 0x7F) == LocMsgDep ? " (local)" : "") + pad + quoted(text) +
+                   when("asked", smDateAsked_.integer(r), smTimeAsked_.integer(r)) +
+                   when("answered", smDateResp_.integer(r), smTimeResp_.integer(r));
         }
         case RecordKind::File: {
-            std::string line = label + field_text(r, "sf_cpu_id") + "#" + field_text(r, "sf_file_name");
-            const std::int64_t feqLen = field_int(r, "sf_feq_len");
-            if (feqLen > 0) line += " " + field_text(r, "sf_feq").substr(0, static_cast<std::size_t>(feqLen));
+            std::string line = label + sfCpu_.text(r) + "#" + sfName_.text(r);
+            const std::int64_t feqLen = sfFeqLen_.integer(r);
+            if (feqLen > 0) line += " " + sfFeq_.text(r).substr(0, static_cast<std::size_t>(feqLen));
             return line;
         }
         case RecordKind::Resource: {
-            std::string line = label + field_text(r, "sr_cpu_id") + "#" + field_text(r, "sr_resource_name") + pad;
+            std::string line = label + srCpu_.text(r) + "#" + srName_.text(r) + pad;
             if (n.flag >= 0) line += "needs " + std::to_string((n.flag & 0x7F) - 31) + ", ";
-            return line + std::to_string(field_int(r, "sr_num_avail")) + " available, " +
-                   std::to_string(field_int(r, "sr_num_used")) + " in use";
+            return line + std::to_string(srAvail_.integer(r)) + " available, " + std::to_string(srUsed_.integer(r)) +
+                   " in use";
         }
         default: break;
     }
     char code[16];
-    std::snprintf(code, sizeof code, "0x%04x", static_cast<unsigned>(field_int(r, "alm_rec_type")));
+    std::snprintf(code, sizeof code, "0x%04x", static_cast<unsigned>(record_type_code(r)));
     return label + "of type " + code;
 }
 
 int Session::deps() {
-    StreamedReply reply;
-    std::string error;
     std::vector<std::string> args{open_[2]};
     args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
-    if (!link_.callStreamed(args, reply, error)) return fail(error);
-    const std::vector<DepNode> nodes = build_dep_tree(reply.records.data(), reply.count());
+    DepTreeBuilder tree;
+    const TreeLines lines;
+    std::size_t records = 0;
     std::size_t scheds = 0;
     std::size_t jobs = 0;
     std::size_t links = 0;
     std::size_t depCount = 0;
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const DepNode& n = nodes[i];
-        const JsonValue record = decode_record(reply.record(i), n.kind, ReplySource::DepQuery);
+    auto onRecord = [&](const unsigned char* rec) {
+        const DepNode n = tree.add(rec);
         scheds += n.role == DepRole::Schedule;
         jobs += n.role == DepRole::Job;
         links += n.role == DepRole::Restart;
         depCount += n.role == DepRole::Dependency;
         if (o_.output == OutputForm::Json) {
-            JsonValue line = JsonValue::object();
-            line.set("role", JsonValue::string(dep_role_name(n.role)));
-            line.set("depth", JsonValue::integer(n.depth));
-            line.set("owner", JsonValue::integer(n.owner));
-            if (n.role == DepRole::Dependency) {
-                line.set("dep_kind", JsonValue::string(dep_kind_label(n)));
-                line.set("dep_flag", JsonValue::integer(n.flag));
-            }
-            for (std::size_t k = 0; k < record.keys().size(); ++k) {
-                line.set(record.keys()[k], record.items()[k]);
-            }
-            out_ += line.dump() + "\n";
+            jsonLine([&](JsonWriter& w) {
+                w.member("role", dep_role_name(n.role));
+                w.member("depth", n.depth);
+                w.member("owner", n.owner);
+                if (n.role == DepRole::Dependency) {
+                    w.member("dep_kind", dep_kind_label(n));
+                    w.member("dep_flag", n.flag);
+                }
+                write_record_json(rec, n.kind, ReplySource::DepQuery, w);
+            });
         } else {
-            if (n.role == DepRole::Schedule && i > 0) out_ += "\n";
-            out_ += std::string(static_cast<std::size_t>(n.depth) * 2, ' ') + tree_line(n, record) + "\n";
+            if (n.role == DepRole::Schedule && records > 0) out_ += "\n";
+            out_.append(static_cast<std::size_t>(n.depth) * 2, ' ');
+            out_ += lines.line(n, rec);
+            out_ += '\n';
         }
+        ++records;
         spill();
-    }
+    };
+    StreamedReply reply;
+    std::string error;
+    if (!link_.callStreamed(args, reply, error)) return fail(error);
+    for (std::size_t i = 0; i < reply.count(); ++i) onRecord(reply.record(i));
     if (scheds == 0) return noMatch("schedule");
     if (o_.output == OutputForm::Table) {
         out_ += "\n" + plural(scheds, "schedule", "schedules") + ", " + plural(jobs, "job", "jobs") + ", " +

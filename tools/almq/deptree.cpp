@@ -1,44 +1,11 @@
 #include "deptree.h"
 
-#include <algorithm>
-
 #include "plan/almrecs.h"
 
 namespace alm {
 namespace {
 
 constexpr std::uint32_t kNoRecord = NULL_REC;
-
-struct DepEntry {
-    int flag;
-    std::uint32_t rec;  // low 16 bits, as the dependency reply carries them
-};
-
-// The entries in use of a schedule's or job's dependency arrays.
-std::vector<DepEntry> dep_entries(const JsonValue& owner, RecordKind kind) {
-    const JsonValue* flags = nullptr;
-    const JsonValue* recs = nullptr;
-    std::int64_t count = 0;
-    if (kind == RecordKind::Schedule) {
-        flags = owner.find("ss_depend_flags");
-        recs = owner.find("ss_dependencies");
-        count = field_int(owner, "ss_num_depends");
-    } else if (kind == RecordKind::Job) {
-        if (const JsonValue* sub = owner.find("subdep")) {
-            flags = sub->find("sj_depend_flags");
-            recs = sub->find("sj_dependencies");
-        }
-        count = field_int(owner, "sj_num_depends");
-    }
-    std::vector<DepEntry> out;
-    if (flags == nullptr || recs == nullptr) return out;
-    const std::size_t n = static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, MAX_DEPENDS));
-    for (std::size_t i = 0; i < n && i < flags->items().size() && i < recs->items().size(); ++i) {
-        out.push_back({static_cast<int>(flags->items()[i].asInt()),
-                       static_cast<std::uint32_t>(recs->items()[i].asInt()) & 0xFFFFu});
-    }
-    return out;
-}
 
 bool flag_fits(int flag, RecordKind kind) {
     const int k = flag & 0x7F;
@@ -52,84 +19,77 @@ bool flag_fits(int flag, RecordKind kind) {
     }
 }
 
+WireField dep_field(RecordKind kind, std::string_view name) { return WireField(kind, name, ReplySource::DepQuery); }
+
 }  // namespace
 
-std::uint32_t record_number(const JsonValue& record, RecordKind kind) {
-    const char* field = nullptr;
-    switch (kind) {
+DepTreeBuilder::DepTreeBuilder()
+    : expectedLink_(kNoRecord),
+      schedNumber_(dep_field(RecordKind::Schedule, "ss_rec_num")),
+      jobNumber_(dep_field(RecordKind::Job, "sj_rec_num")),
+      restartPtr_(dep_field(RecordKind::Job, "sj_restart_ptr")),
+      promptNumber_(dep_field(RecordKind::Prompt, "sm_rec_num")),
+      fileNumber_(dep_field(RecordKind::File, "sf_rec_num")),
+      resourceNumber_(dep_field(RecordKind::Resource, "sr_rec_num")) {}
+
+DepNode DepTreeBuilder::add(const unsigned char* rec) {
+    DepNode node;
+    node.kind = kind_of_record(rec);
+    const int index = next_++;
+    std::uint32_t self = kNoRecord;
+    switch (node.kind) {
         case RecordKind::Schedule:
-        case RecordKind::SchedDep: field = "ss_rec_num"; break;
+        case RecordKind::SchedDep: self = static_cast<std::uint32_t>(schedNumber_.integer(rec)); break;
         case RecordKind::Job:
-        case RecordKind::JobDep: field = "sj_rec_num"; break;
-        case RecordKind::Prompt: field = "sm_rec_num"; break;
-        case RecordKind::File: field = "sf_rec_num"; break;
-        case RecordKind::Resource: field = "sr_rec_num"; break;
-        default: return kNoRecord;
+        case RecordKind::JobDep: self = static_cast<std::uint32_t>(jobNumber_.integer(rec)); break;
+        case RecordKind::Prompt: self = static_cast<std::uint32_t>(promptNumber_.integer(rec)); break;
+        case RecordKind::File: self = static_cast<std::uint32_t>(fileNumber_.integer(rec)); break;
+        case RecordKind::Resource: self = static_cast<std::uint32_t>(resourceNumber_.integer(rec)); break;
+        default: break;
     }
-    return static_cast<std::uint32_t>(field_int(record, field));
-}
+    self &= 0xFFFFu;
 
-std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t count) {
-    std::vector<DepNode> nodes;
-    nodes.reserve(count);
-    int schedule = -1;
-    int job = -1;    // the queried job whose restart chain may follow
-    int owner = -1;  // where dependencies attach
-    std::uint32_t expectedLink = kNoRecord;
-    std::vector<DepEntry> entries;  // the owner's dependency entries
-    std::size_t nextEntry = 0;
-
-    for (std::size_t i = 0; i < count; ++i) {
-        const unsigned char* rec = records + i * WIRE_RECORD_BYTES;
-        DepNode node;
-        node.kind = kind_of_record(rec);
-        const JsonValue record = decode_record(rec, node.kind, ReplySource::DepQuery);
-        const int index = static_cast<int>(nodes.size());
-        const std::uint32_t self = record_number(record, node.kind) & 0xFFFFu;
-
-        if (node.kind == RecordKind::Schedule || node.kind == RecordKind::Job) {
-            if (node.kind == RecordKind::Schedule) {
-                node.role = DepRole::Schedule;
-                schedule = index;
-                job = -1;
-                expectedLink = kNoRecord;
-            } else if (job >= 0 && expectedLink != kNoRecord && self == expectedLink) {
-                node.role = DepRole::Restart;
-                node.owner = job;
-                node.depth = nodes[static_cast<std::size_t>(job)].depth + 1;
-            } else {
-                node.role = DepRole::Job;
-                node.owner = schedule;
-                node.depth = schedule >= 0 ? 1 : 0;
-                job = index;
-            }
-            if (node.kind == RecordKind::Job) {
-                expectedLink = static_cast<std::uint32_t>(field_int(record, "sj_restart_ptr")) & 0xFFFFu;
-            }
-            owner = index;
-            entries = dep_entries(record, node.kind);
-            nextEntry = 0;
-            nodes.push_back(node);
-            continue;
+    if (node.kind == RecordKind::Schedule || node.kind == RecordKind::Job) {
+        if (node.kind == RecordKind::Schedule) {
+            node.role = DepRole::Schedule;
+            schedule_ = index;
+            job_ = -1;
+            expectedLink_ = kNoRecord;
+        } else if (job_ >= 0 && expectedLink_ != kNoRecord && self == expectedLink_) {
+            node.role = DepRole::Restart;
+            node.owner = job_;
+            node.depth = jobDepth_ + 1;
+        } else {
+            node.role = DepRole::Job;
+            node.owner = schedule_;
+            node.depth = schedule_ >= 0 ? 1 : 0;
+            job_ = index;
+            jobDepth_ = node.depth;
         }
-        node.owner = owner;
-        node.depth = owner >= 0 ? nodes[static_cast<std::size_t>(owner)].depth + 1 : 0;
-        if (node.kind == RecordKind::Unknown || owner < 0) {
-            node.role = DepRole::Stray;
-            nodes.push_back(node);
-            continue;
+        if (node.kind == RecordKind::Job) {
+            expectedLink_ = static_cast<std::uint32_t>(restartPtr_.integer(rec)) & 0xFFFFu;
         }
-        node.role = DepRole::Dependency;
-        for (std::size_t e = nextEntry; e < entries.size(); ++e) {
-            if (entries[e].rec == self && flag_fits(entries[e].flag, node.kind)) {
-                node.flag = entries[e].flag;
-                nextEntry = e + 1;
-                break;
-            }
-        }
-        nodes.push_back(node);
+        owner_ = index;
+        ownerDepth_ = node.depth;
+        dependency_entries(rec, node.kind, ReplySource::DepQuery, entries_);
+        nextEntry_ = 0;
+        return node;
     }
-    return nodes;
+    node.owner = owner_;
+    node.depth = owner_ >= 0 ? ownerDepth_ + 1 : 0;
+    if (node.kind == RecordKind::Unknown || owner_ < 0) {
+        node.role = DepRole::Stray;
+        return node;
+    }
+    node.role = DepRole::Dependency;
+    for (std::size_t e = nextEntry_; e < entries_.size(); ++e) {
+        if ((entries_[e].record & 0xFFFFu) == self && flag_fits(entries_[e].flag, node.kind)) {
+            node.flag = entries_[e].flag;
+            nextEntry_ = e + 1;
+            break;
+        }
+    }
+    return node;
 }
 
 const char* dep_kind_label(const DepNode& node) {
@@ -139,8 +99,9 @@ const char* dep_kind_label(const DepNode& node) {
         case RecordKind::JobDep: return "JD";
         case RecordKind::File: return "file";
         case RecordKind::Resource: return "resource";
-        default: return "record";
+        default: break;
     }
+    return "record";
 }
 
 const char* dep_role_name(DepRole role) {

@@ -16,30 +16,49 @@
 #include <string>
 #include <vector>
 
-#include "jsonvalue.h"
 #include "wirerecord.h"
 
 namespace alm {
 
 enum class DepRole { Schedule, Job, Restart, Dependency, Stray };
 
-// One node per record, in record order; the records themselves stay in the
-// reply and are decoded again when shown.
+// A record's place in the tree. Indexes count records from 0 in reply order.
 struct DepNode {
     DepRole role = DepRole::Stray;
     RecordKind kind = RecordKind::Unknown;
     int depth = 0;   // 0 schedule, 1 its jobs and dependencies, and so on
-    int owner = -1;  // index of the owning node, -1 for schedules and strays
+    int owner = -1;  // index of the owning record, -1 for schedules and strays
     int flag = -1;   // the owner's flag byte for this dependency, -1 if unmatched
 };
 
-// Record i at records + i * 512.
-std::vector<DepNode> build_dep_tree(const unsigned char* records, std::size_t count);
+// Places records one at a time, as they arrive: a record's place follows
+// from the records before it, so none needs to be kept.
+class DepTreeBuilder {
+public:
+    DepTreeBuilder();
+    DepNode add(const unsigned char* rec);
+
+private:
+    int next_ = 0;      // index of the next record
+    int schedule_ = -1;
+    int job_ = -1;      // the queried job whose restart chain may follow
+    int jobDepth_ = 0;
+    int owner_ = -1;    // where dependencies attach
+    int ownerDepth_ = 0;
+    std::uint32_t expectedLink_;
+    std::vector<DependencyEntry> entries_;  // the owner's dependency entries
+    std::size_t nextEntry_ = 0;
+    // The fields the tree is built from, as the dependency reply sends them.
+    WireField schedNumber_;
+    WireField jobNumber_;
+    WireField restartPtr_;
+    WireField promptNumber_;
+    WireField fileNumber_;
+    WireField resourceNumber_;
+};
 
 // "prompt", "SD", "JD", "file", "resource" for a dependency node.
 const char* dep_kind_label(const DepNode& node);
 const char* dep_role_name(DepRole role);
-// A decoded record's own number, from its kind's rec_num field.
-std::uint32_t record_number(const JsonValue& record, RecordKind kind);
 
 }  // namespace alm

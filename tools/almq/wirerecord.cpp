@@ -1,6 +1,7 @@
 #include "wirerecord.h"
 
 #include <algorithm>
+#include <span>
 
 #include "plan/almrecs.h"
 #include "util/endian.h"
@@ -251,6 +252,21 @@ constexpr FieldRow kResourceFields[] = {
 #undef ROW
 #undef ROW2
 
+std::span<const FieldRow> layout(RecordKind kind) {
+    switch (kind) {
+        case RecordKind::Workstation: return kCpuFields;
+        case RecordKind::Schedule:
+        case RecordKind::SchedDep: return kSchedFields;
+        case RecordKind::Job:
+        case RecordKind::JobDep: return kJobFields;
+        case RecordKind::Prompt: return kPromptFields;
+        case RecordKind::File: return kFileFields;
+        case RecordKind::Resource: return kResourceFields;
+        case RecordKind::Unknown: break;
+    }
+    return {};
+}
+
 std::size_t num_width(Num n) {
     switch (n) {
         case Num::I16:
@@ -295,21 +311,24 @@ int dep_count(std::int64_t stored) {
     return static_cast<int>(std::clamp<std::int64_t>(stored, 0, MAX_DEPENDS));
 }
 
-JsonValue read_array(const unsigned char* p, std::size_t size, Num num, Wire wire, int lowHalfCount) {
-    JsonValue arr = JsonValue::array();
-    const std::size_t width = num_width(num);
-    for (std::size_t i = 0; i * width + width <= size; ++i) {
-        Wire w = wire;
-        if (wire == Wire::DepEntries) {
-            w = static_cast<int>(i) < lowHalfCount ? Wire::LowHalf : Wire::AsDelivered;
-        }
-        arr.push(JsonValue::integer(read_number(p + i * width, num, w)));
+// Item i of an array; in dependency entries the first lowHalfCount items
+// are in low half form, the rest as delivered.
+std::int64_t read_item(const unsigned char* p, Num num, Wire wire, int lowHalfCount, std::size_t i) {
+    if (wire == Wire::DepEntries) {
+        wire = static_cast<int>(i) < lowHalfCount ? Wire::LowHalf : Wire::AsDelivered;
     }
-    return arr;
+    return read_number(p + i * num_width(num), num, wire);
 }
 
-JsonValue read_text(const unsigned char* p, std::size_t size) {
-    return JsonValue::string(trim_field(p, size));
+void write_array(const unsigned char* p, std::size_t size, Num num, Wire wire, int lowHalfCount, JsonWriter& w) {
+    w.beginArray();
+    const std::size_t width = num_width(num);
+    for (std::size_t i = 0; i * width + width <= size; ++i) w.integer(read_item(p, num, wire, lowHalfCount, i));
+    w.endArray();
+}
+
+void write_text(std::string_view name, const unsigned char* p, std::size_t size, JsonWriter& w) {
+    w.member(name, trim_field(p, size));
 }
 
 struct JobContext {
@@ -319,91 +338,109 @@ struct JobContext {
     std::int16_t numDepends = 0;
 };
 
-// sj_fname_jname: the script file name, a user job's real name, or the
-// location of a long script text, by the job's flags.
-JsonValue read_fname_jname(const unsigned char* p, const JobContext& job) {
-    JsonValue obj = JsonValue::object();
-    if (flag_set(job.flags2, sjf2_long_jcl)) {
-        const std::size_t loc = offsetof(SJ_FNAME_JNAME, jcl_string.jcl_loc);
-        obj.set("jcl_filler", read_text(p, loc));
-        JsonValue where = JsonValue::object();
-        where.set("st_offset", JsonValue::integer(load_le32(p + loc)));
-        where.set("st_rec_num", JsonValue::integer(load_le32(p + loc + 4)));
-        obj.set("jcl_loc", std::move(where));
-    } else if (flag_set(job.flags, sjf1_user_job) || flag_set(job.flags2, sjf2_alias)) {
-        obj.set("real_name", read_text(p, sizeof(SJ_FNAME_JNAME::userjob.real_name)));
-    } else {
-        obj.set("jcl_file", read_text(p, sizeof(SJ_FNAME_JNAME::jcl_file)));
-    }
-    return obj;
-}
-
-// subdep: a recovery job's target (count -1), an external job's identity, or
-// the dependency arrays.
-JsonValue read_subdep(const unsigned char* p, const JobContext& job, Wire wire) {
-    JsonValue obj = JsonValue::object();
-    if (job.numDepends == -1) {
-        obj.set("sj_re_for_cpu", read_text(p + offsetof(SJ_SUBDEP, submit.sj_re_for_cpu),
-                                           sizeof(SJ_SUBDEP::submit.sj_re_for_cpu)));
-        obj.set("sj_re_for_job", read_text(p + offsetof(SJ_SUBDEP, submit.sj_re_for_job),
-                                           sizeof(SJ_SUBDEP::submit.sj_re_for_job)));
-    } else if (flag_set(job.reFlags, sjrf_external)) {
-        obj.set("xkes_id", read_text(p, sizeof(SJ_SUBDEP::xkes_id)));
-    } else {
-        const int lowHalf = wire == Wire::DepEntries ? dep_count(job.numDepends) : 0;
-        obj.set("sj_depend_flags", read_array(p + offsetof(SJ_SUBDEP, deps.sj_depend_flags),
-                                              sizeof(SJ_SUBDEP::deps.sj_depend_flags), Num::U8,
-                                              Wire::AsDelivered, 0));
-        obj.set("sj_dependencies", read_array(p + offsetof(SJ_SUBDEP, deps.sj_dependencies),
-                                              sizeof(SJ_SUBDEP::deps.sj_dependencies), Num::U32,
-                                              Wire::DepEntries, lowHalf));
-    }
-    return obj;
-}
-
-template <std::size_t N>
-JsonValue decode_fields(const unsigned char* rec, const FieldRow (&table)[N], ReplySource source) {
-    const bool depQuery = source == ReplySource::DepQuery;
+JobContext job_context(const unsigned char* rec) {
     JobContext job;
     job.flags = load_be16(rec + offsetof(SJ_RECTYPE, sj_flags));
     job.flags2 = load_be16(rec + offsetof(SJ_RECTYPE, sj_flags2));
     job.reFlags = load_be16(rec + offsetof(SJ_RECTYPE, sj_re_flags));
     job.numDepends = static_cast<std::int16_t>(load_be16(rec + offsetof(SJ_RECTYPE, sj_num_depends)));
-    const auto schedDepends =
-        static_cast<std::int16_t>(load_be16(rec + offsetof(SS_RECTYPE, ss_num_depends)));
+    return job;
+}
 
-    JsonValue obj = JsonValue::object();
-    for (const FieldRow& f : table) {
-        const unsigned char* p = rec + f.offset;
-        const Wire wire = depQuery ? f.deps : f.query;
-        switch (f.shape) {
-            case Shape::Scalar: obj.set(f.name, JsonValue::integer(read_number(p, f.num, wire))); break;
-            case Shape::Text: obj.set(f.name, read_text(p, f.size)); break;
-            case Shape::Array: {
-                const int lowHalf = wire == Wire::DepEntries ? dep_count(schedDepends) : 0;
-                obj.set(f.name, read_array(p, f.size, f.num, wire, lowHalf));
-                break;
-            }
-            case Shape::Priority: {
-                JsonValue pri = JsonValue::object();
-                pri.set("priority", JsonValue::integer(p[offsetof(PRIORITYREC, priority)]));
-                pri.set("orig_pri", JsonValue::integer(p[offsetof(PRIORITYREC, orig_pri)]));
-                obj.set(f.name, std::move(pri));
-                break;
-            }
-            case Shape::Timer: {
-                JsonValue timer = JsonValue::object();
-                timer.set("sf_lasttime", JsonValue::integer(static_cast<std::int32_t>(load_le32(p))));
-                timer.set("timer1", JsonValue::integer(static_cast<std::int16_t>(load_le16(p))));
-                timer.set("timer2", JsonValue::integer(static_cast<std::int16_t>(load_le16(p + 2))));
-                obj.set(f.name, std::move(timer));
-                break;
-            }
-            case Shape::FnameJname: obj.set(f.name, read_fname_jname(p, job)); break;
-            case Shape::Subdep: obj.set(f.name, read_subdep(p, job, wire)); break;
+JobScript::Form script_form(const JobContext& job) {
+    if (flag_set(job.flags2, sjf2_long_jcl)) return JobScript::Form::LongText;
+    if (flag_set(job.flags, sjf1_user_job) || flag_set(job.flags2, sjf2_alias)) return JobScript::Form::RealName;
+    return JobScript::Form::File;
+}
+
+// What the subdep union of a job holds: a recovery job's target (count -1),
+// an external job's identity, or the dependency arrays.
+enum class SubdepForm { RecoveryTarget, External, Dependencies };
+
+SubdepForm subdep_form(const JobContext& job) {
+    if (job.numDepends == -1) return SubdepForm::RecoveryTarget;
+    if (flag_set(job.reFlags, sjrf_external)) return SubdepForm::External;
+    return SubdepForm::Dependencies;
+}
+
+constexpr std::size_t kSubdepFlags = offsetof(SJ_RECTYPE, subdep) + offsetof(SJ_SUBDEP, deps.sj_depend_flags);
+constexpr std::size_t kSubdepRecords = offsetof(SJ_RECTYPE, subdep) + offsetof(SJ_SUBDEP, deps.sj_dependencies);
+
+void write_fname_jname(const unsigned char* rec, JsonWriter& w) {
+    const JobScript script = job_script(rec);
+    w.beginObject();
+    switch (script.form) {
+        case JobScript::Form::LongText:
+            w.member("jcl_filler", script.text);
+            w.key("jcl_loc");
+            w.beginObject();
+            w.member("st_offset", script.offset);
+            w.member("st_rec_num", script.recNum);
+            w.endObject();
+            break;
+        case JobScript::Form::RealName: w.member("real_name", script.text); break;
+        case JobScript::Form::File: w.member("jcl_file", script.text); break;
+    }
+    w.endObject();
+}
+
+void write_subdep(const unsigned char* rec, Wire wire, JsonWriter& w) {
+    const JobContext job = job_context(rec);
+    const unsigned char* p = rec + offsetof(SJ_RECTYPE, subdep);
+    w.beginObject();
+    switch (subdep_form(job)) {
+        case SubdepForm::RecoveryTarget:
+            write_text("sj_re_for_cpu", p + offsetof(SJ_SUBDEP, submit.sj_re_for_cpu),
+                       sizeof(SJ_SUBDEP::submit.sj_re_for_cpu), w);
+            write_text("sj_re_for_job", p + offsetof(SJ_SUBDEP, submit.sj_re_for_job),
+                       sizeof(SJ_SUBDEP::submit.sj_re_for_job), w);
+            break;
+        case SubdepForm::External: write_text("xkes_id", p, sizeof(SJ_SUBDEP::xkes_id), w); break;
+        case SubdepForm::Dependencies: {
+            const int lowHalf = wire == Wire::DepEntries ? dep_count(job.numDepends) : 0;
+            w.key("sj_depend_flags");
+            write_array(rec + kSubdepFlags, sizeof(SJ_SUBDEP::deps.sj_depend_flags), Num::U8, Wire::AsDelivered, 0,
+                        w);
+            w.key("sj_dependencies");
+            write_array(rec + kSubdepRecords, sizeof(SJ_SUBDEP::deps.sj_dependencies), Num::U32, Wire::DepEntries,
+                        lowHalf, w);
+            break;
         }
     }
-    return obj;
+    w.endObject();
+}
+
+std::int16_t sched_depends(const unsigned char* rec) {
+    return static_cast<std::int16_t>(load_be16(rec + offsetof(SS_RECTYPE, ss_num_depends)));
+}
+
+void write_field(const unsigned char* rec, const FieldRow& f, Wire wire, JsonWriter& w) {
+    const unsigned char* p = rec + f.offset;
+    w.key(f.name);
+    switch (f.shape) {
+        case Shape::Scalar: w.integer(read_number(p, f.num, wire)); break;
+        case Shape::Text: w.string(trim_field(p, f.size)); break;
+        case Shape::Array: {
+            const int lowHalf = wire == Wire::DepEntries ? dep_count(sched_depends(rec)) : 0;
+            write_array(p, f.size, f.num, wire, lowHalf, w);
+            break;
+        }
+        case Shape::Priority:
+            w.beginObject();
+            w.member("priority", p[offsetof(PRIORITYREC, priority)]);
+            w.member("orig_pri", p[offsetof(PRIORITYREC, orig_pri)]);
+            w.endObject();
+            break;
+        case Shape::Timer:
+            w.beginObject();
+            w.member("sf_lasttime", static_cast<std::int32_t>(load_le32(p)));
+            w.member("timer1", static_cast<std::int16_t>(load_le16(p)));
+            w.member("timer2", static_cast<std::int16_t>(load_le16(p + 2)));
+            w.endObject();
+            break;
+        case Shape::FnameJname: write_fname_jname(rec, w); break;
+        case Shape::Subdep: write_subdep(rec, wire, w); break;
+    }
 }
 
 }  // namespace
@@ -438,37 +475,88 @@ const char* record_kind_name(RecordKind kind) {
     return "unknown";
 }
 
-JsonValue decode_record(const unsigned char* rec, RecordKind kind, ReplySource source) {
-    switch (kind) {
-        case RecordKind::Workstation: return decode_fields(rec, kCpuFields, source);
-        case RecordKind::Schedule:
-        case RecordKind::SchedDep: return decode_fields(rec, kSchedFields, source);
-        case RecordKind::Job:
-        case RecordKind::JobDep: return decode_fields(rec, kJobFields, source);
-        case RecordKind::Prompt: return decode_fields(rec, kPromptFields, source);
-        case RecordKind::File: return decode_fields(rec, kFileFields, source);
-        case RecordKind::Resource: return decode_fields(rec, kResourceFields, source);
-        case RecordKind::Unknown: break;
+void write_record_json(const unsigned char* rec, RecordKind kind, ReplySource source, JsonWriter& w) {
+    const std::span<const FieldRow> fields = layout(kind);
+    if (fields.empty()) {
+        w.member("alm_rec_type", record_type_code(rec));
+        return;
     }
-    JsonValue obj = JsonValue::object();
-    obj.set("alm_rec_type", JsonValue::integer(record_type_code(rec)));
-    return obj;
+    const bool depQuery = source == ReplySource::DepQuery;
+    for (const FieldRow& f : fields) write_field(rec, f, depQuery ? f.deps : f.query, w);
+}
+
+WireField::WireField(RecordKind kind, std::string_view name, ReplySource source)
+    : kind_(kind), depQuery_(source == ReplySource::DepQuery) {
+    const std::span<const FieldRow> fields = layout(kind);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].name == name) row_ = i;
+    }
+}
+
+std::int64_t WireField::integer(const unsigned char* rec) const {
+    if (row_ == kNone) return 0;
+    const FieldRow& f = layout(kind_)[row_];
+    const unsigned char* p = rec + f.offset;
+    switch (f.shape) {
+        case Shape::Scalar: return read_number(p, f.num, depQuery_ ? f.deps : f.query);
+        case Shape::Priority: return p[offsetof(PRIORITYREC, priority)];
+        default: return 0;
+    }
+}
+
+std::string WireField::text(const unsigned char* rec) const {
+    if (row_ == kNone) return {};
+    const FieldRow& f = layout(kind_)[row_];
+    return f.shape == Shape::Text ? trim_field(rec + f.offset, f.size) : std::string();
+}
+
+JobScript job_script(const unsigned char* rec) {
+    const unsigned char* p = rec + offsetof(SJ_RECTYPE, sj_fname_jname);
+    JobScript script;
+    script.form = script_form(job_context(rec));
+    switch (script.form) {
+        case JobScript::Form::LongText: {
+            const std::size_t loc = offsetof(SJ_FNAME_JNAME, jcl_string.jcl_loc);
+            script.text = trim_field(p, loc);
+            script.offset = load_le32(p + loc);
+            script.recNum = load_le32(p + loc + 4);
+            break;
+        }
+        case JobScript::Form::RealName: script.text = trim_field(p, sizeof(SJ_FNAME_JNAME::userjob.real_name)); break;
+        case JobScript::Form::File: script.text = trim_field(p, sizeof(SJ_FNAME_JNAME::jcl_file)); break;
+    }
+    return script;
+}
+
+void dependency_entries(const unsigned char* rec, RecordKind kind, ReplySource source,
+                        std::vector<DependencyEntry>& out) {
+    out.clear();
+    const Wire wire = source == ReplySource::DepQuery ? Wire::DepEntries : Wire::AsDelivered;
+    const unsigned char* flags = nullptr;
+    const unsigned char* records = nullptr;
+    int count = 0;
+    if (kind == RecordKind::Schedule) {
+        flags = rec + offsetof(SS_RECTYPE, ss_depend_flags);
+        records = rec + offsetof(SS_RECTYPE, ss_dependencies);
+        count = dep_count(sched_depends(rec));
+    } else if (kind == RecordKind::Job) {
+        const JobContext job = job_context(rec);
+        if (subdep_form(job) != SubdepForm::Dependencies) return;
+        flags = rec + kSubdepFlags;
+        records = rec + kSubdepRecords;
+        count = dep_count(job.numDepends);
+    }
+    const int lowHalf = wire == Wire::DepEntries ? count : 0;
+    for (int i = 0; i < count; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        out.push_back({flags[at], static_cast<std::uint32_t>(read_item(records, Num::U32, wire, lowHalf, at))});
+    }
 }
 
 std::string trim_field(const unsigned char* p, std::size_t width) {
     std::size_t n = width;
     while (n > 0 && (p[n - 1] == ' ' || p[n - 1] == '\0')) --n;
     return std::string(reinterpret_cast<const char*>(p), n);
-}
-
-std::int64_t field_int(const JsonValue& rec, std::string_view name) {
-    const JsonValue* v = rec.find(name);
-    return v != nullptr && v->type() == JsonValue::Type::Int ? v->asInt() : 0;
-}
-
-std::string field_text(const JsonValue& rec, std::string_view name) {
-    const JsonValue* v = rec.find(name);
-    return v != nullptr && v->type() == JsonValue::Type::String ? v->asString() : std::string();
 }
 
 }  // namespace alm
