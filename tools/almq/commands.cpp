@@ -105,8 +105,7 @@ private:
 
     bool openPlan(std::string& error);
     bool closePlan(std::string& error);
-    bool recordQuery(std::uint32_t type, const std::function<void(const unsigned char*)>& onRecord,
-                     std::uint32_t& count, std::string& error);
+    bool recordQuery(std::uint32_t type, const RecordHandler& onRecord, std::uint32_t& count, std::string& error);
     // One JSON object on a line of its own, with the members that fill writes.
     void jsonLine(const std::function<void(JsonWriter&)>& fill);
     // The JSON line of a whole record.
@@ -183,22 +182,11 @@ bool Session::closePlan(std::string& error) {
     return link_.call(REQ_CLOSE, {open_[2]}, reply, error);
 }
 
-bool Session::recordQuery(std::uint32_t type, const std::function<void(const unsigned char*)>& onRecord,
-                          std::uint32_t& count, std::string& error) {
+bool Session::recordQuery(std::uint32_t type, const RecordHandler& onRecord, std::uint32_t& count,
+                          std::string& error) {
     std::vector<std::string> args{open_[2]};
     args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
-    Reply reply;
-    if (!link_.call(type, args, reply, error)) return false;
-    if (reply.header.numData != 0 &&
-        (reply.header.dataType != 1 || reply.header.bytesPerRecord != WIRE_RECORD_BYTES ||
-         reply.recordCount() != reply.header.numData)) {
-        error = "unexpected reply to the query (" + std::to_string(reply.header.numData) + " items of " +
-                std::to_string(reply.header.bytesPerRecord) + " bytes)";
-        return false;
-    }
-    for (std::size_t i = 0; i < reply.header.numData; ++i) onRecord(reply.record(i));
-    count = reply.header.numData;
-    return true;
+    return link_.callRecords(type, args, onRecord, count, error);
 }
 
 void Session::jsonLine(const std::function<void(JsonWriter&)>& fill) {
@@ -531,6 +519,8 @@ std::string TreeLines::line(const DepNode& n, const unsigned char* r) const {
     return label + "of type " + code;
 }
 
+// Each record is shown as it arrives. Output goes on only at the start of
+// a schedule, so what a failing reply leaves behind is whole schedules.
 int Session::deps() {
     std::vector<std::string> args{open_[2]};
     args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
@@ -541,8 +531,13 @@ int Session::deps() {
     std::size_t jobs = 0;
     std::size_t links = 0;
     std::size_t depCount = 0;
+    std::size_t whole = 0;  // out_ holds whole schedules up to here
     auto onRecord = [&](const unsigned char* rec) {
         const DepNode n = tree.add(rec);
+        if (n.role == DepRole::Schedule) {
+            spill();
+            whole = out_.size();
+        }
         scheds += n.role == DepRole::Schedule;
         jobs += n.role == DepRole::Job;
         links += n.role == DepRole::Restart;
@@ -565,19 +560,20 @@ int Session::deps() {
             out_ += '\n';
         }
         ++records;
-        spill();
     };
     StreamedReply reply;
     std::string error;
-    if (!link_.callStreamed(args, reply, error)) return fail(error);
-    for (std::size_t i = 0; i < reply.count(); ++i) onRecord(reply.record(i));
+    if (!link_.callStreamed(args, reply, onRecord, error)) {
+        out_.resize(whole);
+        return fail(error);
+    }
     if (scheds == 0) return noMatch("schedule");
     if (o_.output == OutputForm::Table) {
         out_ += "\n" + plural(scheds, "schedule", "schedules") + ", " + plural(jobs, "job", "jobs") + ", " +
                 plural(links, "restart link", "restart links") + ", " +
                 plural(depCount, "dependency", "dependencies");
-        if (reply.count() != reply.header.numData) {
-            out_ += " (" + std::to_string(reply.count()) + " of the " + std::to_string(reply.header.numData) +
+        if (reply.count != reply.header.numData) {
+            out_ += " (" + std::to_string(reply.count) + " of the " + std::to_string(reply.header.numData) +
                     " records announced)";
         }
         out_ += "\n";

@@ -1,5 +1,6 @@
 #include "serverlink.h"
 
+#include <chrono>
 #include <cstring>
 
 #include "util/endian.h"
@@ -83,6 +84,66 @@ bool ServerLink::call(std::uint32_t type, const std::vector<std::string>& args, 
     return checkId(reply.header, id, error);
 }
 
+bool ServerLink::callRecords(std::uint32_t type, const std::vector<std::string>& args,
+                             const RecordHandler& onRecord, std::uint32_t& count, std::string& error) {
+    using Clock = std::chrono::steady_clock;
+    const std::uint32_t id = nextId_++;
+    ClientStatus st = client_.send(type, id, args);
+    if (st != ClientStatus::Ok) {
+        error = describe(st, "cannot send request");
+        return false;
+    }
+    const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(timeoutMs_);
+    auto left = [&] {
+        const auto ms = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+        return ms > 0 ? static_cast<int>(ms) : 0;
+    };
+    FrameHeader header;
+    st = client_.readHeader(header, timeoutMs_);
+    if (st == ClientStatus::Ok && (header.size < 20 || header.size - 20 > kMaxBodyBytes)) {
+        st = ClientStatus::BadFrame;
+    }
+    if (st != ClientStatus::Ok) {
+        error = describe(st, "no reply");
+        return false;
+    }
+    const std::size_t body = header.size - 20;
+    const bool records = header.dataType == 1 && header.bytesPerRecord == kRecordBytes &&
+                         body / kRecordBytes == header.numData;
+    std::string frame = keepFrames_ ? header_bytes(header) : std::string();
+    std::size_t done = 0;
+    // Records go out only once the reply is known to answer this request.
+    if (records && header.id == id) {
+        unsigned char rec[kRecordBytes];
+        for (std::uint32_t i = 0; i < header.numData && st == ClientStatus::Ok; ++i) {
+            st = client_.readExact(rec, sizeof rec, left());
+            if (st != ClientStatus::Ok) break;
+            if (keepFrames_) frame.append(reinterpret_cast<const char*>(rec), sizeof rec);
+            onRecord(rec);
+            done += sizeof rec;
+        }
+    }
+    // Whatever else the body holds is read whole.
+    if (st == ClientStatus::Ok && done < body) {
+        std::string rest(body - done, '\0');
+        st = client_.readExact(rest.data(), rest.size(), left());
+        frame += rest;
+    }
+    if (st != ClientStatus::Ok) {
+        error = describe(st, "no reply");
+        return false;
+    }
+    keep(type, id, std::move(frame));
+    if (!checkId(header, id, error)) return false;
+    if (header.numData != 0 && !records) {
+        error = "unexpected reply to the query (" + std::to_string(header.numData) + " items of " +
+                std::to_string(header.bytesPerRecord) + " bytes)";
+        return false;
+    }
+    count = header.numData;
+    return true;
+}
+
 // The dependency reply may announce more records than follow it, so a
 // no-operation request goes right behind the query: its 24-byte reply
 // (size word 20, then type 0 and our id) marks the end of the records. A
@@ -92,7 +153,7 @@ bool ServerLink::call(std::uint32_t type, const std::vector<std::string>& args, 
 // together with the head of what follows it, and never waits for bytes that
 // the server will not send.
 bool ServerLink::callStreamed(const std::vector<std::string>& args, StreamedReply& reply,
-                              std::string& error) {
+                              const RecordHandler& onRecord, std::string& error) {
     const std::uint32_t id = nextId_++;
     const std::uint32_t fence = nextId_++;
     std::string requests = encodeRequest(REQ_DEPENDENCIES, id, args);
@@ -112,28 +173,28 @@ bool ServerLink::callStreamed(const std::vector<std::string>& args, StreamedRepl
         error = server_ + ": the dependency reply is not a reply of 512-byte records";
         return false;
     }
-    reply.records.clear();
-    unsigned char head[ALM_FRAME_HEADER_BYTES];
-    st = client_.readExact(head, sizeof head, timeoutMs_);
+    reply.count = 0;
+    std::string frame = keepFrames_ ? header_bytes(reply.header) : std::string();
+    // A record, then the head of what follows it.
+    unsigned char buf[kRecordBytes + ALM_FRAME_HEADER_BYTES];
+    unsigned char* const head = buf + kRecordBytes;
+    st = client_.readExact(head, ALM_FRAME_HEADER_BYTES, timeoutMs_);
     while (st == ClientStatus::Ok) {
         if (load_be32(head) == 20) {
-            std::string frame = header_bytes(reply.header);
-            frame.append(reinterpret_cast<const char*>(reply.records.data()), reply.records.size());
             keep(REQ_DEPENDENCIES, id, std::move(frame));
-            keep(REQ_NOP, fence, std::string(reinterpret_cast<const char*>(head), sizeof head));
+            keep(REQ_NOP, fence, std::string(reinterpret_cast<const char*>(head), ALM_FRAME_HEADER_BYTES));
             if (load_be32(head + 8) != fence) {
                 error = server_ + ": the dependency reply ended in an unexpected frame";
                 return false;
             }
             return true;
         }
-        const std::size_t at = reply.records.size();
-        reply.records.resize(at + kRecordBytes + sizeof head);
-        unsigned char* rec = reply.records.data() + at;
-        std::memcpy(rec, head, sizeof head);
-        st = client_.readExact(rec + sizeof head, kRecordBytes, timeoutMs_);
-        std::memcpy(head, rec + kRecordBytes, sizeof head);
-        reply.records.resize(at + kRecordBytes);
+        std::memcpy(buf, head, ALM_FRAME_HEADER_BYTES);
+        st = client_.readExact(buf + ALM_FRAME_HEADER_BYTES, kRecordBytes, timeoutMs_);
+        if (st != ClientStatus::Ok) break;
+        if (keepFrames_) frame.append(reinterpret_cast<const char*>(buf), kRecordBytes);
+        onRecord(buf);
+        ++reply.count;
     }
     error = describe(st, "incomplete dependency reply");
     return false;

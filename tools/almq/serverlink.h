@@ -3,7 +3,9 @@
 // back as a one-line text; nothing is printed here.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,13 +33,15 @@ struct ReceivedFrame {
     std::string bytes;
 };
 
-// The dependency reply: its header and the records that actually followed,
-// which may be fewer than the header announces.
+// Receives the records of a reply one at a time, as they arrive; the bytes
+// are valid during the call only.
+using RecordHandler = std::function<void(const unsigned char* record)>;
+
+// The dependency reply: its header, and how many records actually
+// followed, which may be fewer than the header announces.
 struct StreamedReply {
     FrameHeader header;
-    std::vector<unsigned char> records;  // record i at i * 512
-    std::size_t count() const { return records.size() / 512; }
-    const unsigned char* record(std::size_t i) const { return records.data() + i * 512; }
+    std::size_t count = 0;
 };
 
 class ServerLink {
@@ -47,7 +51,15 @@ public:
     bool start(const std::string& server, std::string& error);
     // Sends one request and reads its reply, which must carry the request's id.
     bool call(std::uint32_t type, const std::vector<std::string>& args, Reply& reply, std::string& error);
-    bool callStreamed(const std::vector<std::string>& args, StreamedReply& reply, std::string& error);
+    // A query answered by one frame of 512-byte records, each handed to
+    // onRecord as it arrives; the whole reply within the timeout, as for
+    // call(). A reply of any other shape fails, unless it holds no records.
+    bool callRecords(std::uint32_t type, const std::vector<std::string>& args, const RecordHandler& onRecord,
+                     std::uint32_t& count, std::string& error);
+    // The dependency query: its records handed to onRecord as they arrive,
+    // up to the end that a no-operation request right behind it marks.
+    bool callStreamed(const std::vector<std::string>& args, StreamedReply& reply, const RecordHandler& onRecord,
+                      std::string& error);
     // Ends the session: closes the server's input and waits for its exit.
     bool finish(std::string& error);
 
