@@ -59,6 +59,31 @@ bool AlmqHome::buildPlanText(const std::string& text, const std::string& rel) co
     return buildPlan(dir_.write(rel + ".txt", text), rel);
 }
 
+bool AlmqHome::synthPlan(int cpus, int scheds, int jobs, bool deps, const std::string& rel) const {
+    std::vector<std::string> args{"synth", "--cpus", std::to_string(cpus), "--scheds", std::to_string(scheds),
+                                  "--jobs", std::to_string(jobs)};
+    if (deps) args.push_back("--deps");
+    args.push_back(file(rel));
+    return run(test::built_program("almplan"), args).status == 0;
+}
+
+// The server writes into a FIFO that dd copies on, a byte at a time so
+// that nothing waits in a buffer; when dd has passed its share, the server
+// is stopped and the script ends, so almq sees the output close.
+std::string AlmqHome::cutServer(std::size_t bytes) const {
+    const std::string script = dir_.write("bin/almread-cut-" + std::to_string(bytes),
+                                          "#!/bin/sh\n"
+                                          "exec 3<&0\n"
+                                          "mkfifo \"$0.out\"\n"
+                                          "\"" + server() + "\" <&3 3<&- >\"$0.out\" &\n"
+                                          "server=$!\n"
+                                          "dd bs=1 count=" + std::to_string(bytes) + " status=none <\"$0.out\"\n"
+                                          "kill $server\n"
+                                          "rm -f \"$0.out\"\n");
+    fs::permissions(script, fs::perms::owner_all);
+    return script;
+}
+
 const AlmqHome& sample_home() {
     static const AlmqHome home;
     static const bool built = home.ok() && home.buildPlan(kSampleDesc, "Almanack") &&

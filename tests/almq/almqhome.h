@@ -31,6 +31,13 @@ public:
     // The same from description text.
     bool buildPlanText(const std::string& text, const std::string& rel) const;
 
+    // almplan synth: N workstations, M schedules each, K jobs each.
+    bool synthPlan(int cpus, int scheds, int jobs, bool deps, const std::string& rel) const;
+    // A server whose output breaks off after the given number of bytes, as
+    // if it died there: a script that runs the home's almread and passes
+    // on only that much of what it writes. Answers its path.
+    std::string cutServer(std::size_t bytes) const;
+
     // Runs HOME/bin/almq with args (no standard input), in workDir if given.
     RunResult runAlmq(const std::vector<std::string>& args, const std::string& workDir = "") const;
     RunResult run(const std::string& program, const std::vector<std::string>& args,

@@ -118,10 +118,7 @@ TEST(AlmqDeps, ShortStreamEndsAtTheFence) {
 TEST(AlmqDeps, LongListingsArriveWhole) {
     AlmqHome home;
     ASSERT_TRUE(home.ok());
-    const RunResult synth = home.run(ALM_BUILD_DIR "/bin/almplan",
-                                     {"synth", "--cpus", "3", "--scheds", "10", "--jobs", "10", "--deps",
-                                      home.file("Almanack")});
-    ASSERT_EQ(synth.status, 0) << synth.err;
+    ASSERT_TRUE(home.synthPlan(3, 10, 10, true, "Almanack"));
     const RunResult tree = home.runAlmq({"deps"});
     ASSERT_EQ(tree.status, 0) << tree.err;
     const RunResult json = home.runAlmq({"--json", "deps"});
@@ -140,6 +137,38 @@ TEST(AlmqDeps, LongListingsArriveWhole) {
     std::size_t treeLines = 0;
     for (const std::string& l : tree.lines()) treeLines += !l.empty();
     EXPECT_EQ(treeLines - 1, lines.size());
+}
+
+// The tree goes out as the reply streams in, a schedule at a time. When
+// the server's output breaks off, almq fails with status 3 and what it has
+// printed is the listing's first schedules, each of them whole.
+TEST(AlmqDeps, ACutReplyLeavesWholeSchedules) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    ASSERT_TRUE(home.synthPlan(3, 10, 10, true, "Almanack"));
+    // The dependency reply is some 320 KB; this ends it a third of the way.
+    const std::string cut = home.cutServer(100000);
+    for (const bool json : {false, true}) {
+        SCOPED_TRACE(json ? "json" : "tree");
+        std::vector<std::string> args{"deps"};
+        if (json) args.insert(args.begin(), "--json");
+        const RunResult whole = home.runAlmq(args);
+        ASSERT_EQ(whole.status, 0) << whole.err;
+        args.insert(args.begin(), {"--server", cut});
+        const RunResult r = home.runAlmq(args);
+        EXPECT_EQ(r.status, 3);
+        EXPECT_EQ(r.err.rfind("almq: " + cut + ": incomplete dependency reply: the server ended", 0), 0u) << r.err;
+        ASSERT_FALSE(r.out.empty());
+        ASSERT_LT(r.out.size(), whole.out.size());
+        EXPECT_EQ(whole.out.compare(0, r.out.size(), r.out), 0) << "not a prefix of the whole listing";
+        // What follows in the whole listing starts the next schedule.
+        const std::string next = whole.out.substr(r.out.size(), 40);
+        if (json) {
+            EXPECT_EQ(next.rfind("{\"role\":\"schedule\"", 0), 0u) << next;
+        } else {
+            EXPECT_EQ(next.rfind("\nWS", 0), 0u) << next;
+        }
+    }
 }
 
 TEST(AlmqDeps, RawShowsEveryFrameOfTheSession) {

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "almqhome.h"
+#include "minijson.h"
 
 namespace alm::almqtest {
 namespace {
@@ -163,6 +164,34 @@ TEST(AlmqTables, JobsWithUsersScriptsAndUntilTimes) {
     EXPECT_EQ(row(r, {"AGENT2", "WEBSTATS", "COLLECT"})[8], "4");
     EXPECT_EQ(row(r, {"AGENT2", "WEBSTATS", "COMPUTE"})[10], "2");
     expect_aligned(r, r.lines().size() - 1);
+}
+
+// Thousands of rows: every one kept until the table is printed, aligned,
+// in the reply's order, and the same jobs as the JSON lines.
+TEST(AlmqTables, LongJobListingKeepsEveryRow) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    ASSERT_TRUE(home.synthPlan(3, 10, 300, false, "Almanack"));
+    const RunResult table = home.runAlmq({"jobs"});
+    ASSERT_EQ(table.status, 0) << table.err;
+    const RunResult json = home.runAlmq({"--json", "jobs"});
+    ASSERT_EQ(json.status, 0) << json.err;
+    const auto lines = table.lines();
+    ASSERT_EQ(lines.size(), 9002u);
+    EXPECT_EQ(lines.back(), "9000 jobs");
+    expect_aligned(table, lines.size() - 1);
+    std::vector<Json> records;
+    std::string error;
+    ASSERT_TRUE(parse_json_lines(json.out, records, error)) << error;
+    ASSERT_EQ(records.size(), 9000u);
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const auto c = cells(lines[i + 1]);
+        ASSERT_EQ(c.size(), 13u) << lines[i + 1];
+        EXPECT_EQ(c[0], records[i].s("sj_cpu_id"));
+        EXPECT_EQ(c[1], records[i].s("sj_schedule"));
+        EXPECT_EQ(c[2], records[i].s("sj_job_name"));
+        EXPECT_EQ(c[12], records[i]["sj_fname_jname"].s("jcl_file"));
+    }
 }
 
 TEST(AlmqTables, LogsListNewestFirst) {

@@ -137,6 +137,30 @@ TEST(AlmqErrors, ServerThatStallsTimesOut) {
     EXPECT_NE(r.err.find("no answer within 1 s"), std::string::npos) << r.err;
 }
 
+// A record reply that breaks off: a table is printed only once every row
+// is in, so nothing is; JSON lines go out as records arrive, each whole.
+TEST(AlmqErrors, ACutRecordReplyFailsWithThree) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    ASSERT_TRUE(home.synthPlan(3, 10, 10, false, "Almanack"));
+    // The job reply is some 150 KB; this ends it two thirds of the way.
+    const std::string cut = home.cutServer(100000);
+    const RunResult table = home.runAlmq({"--server", cut, "jobs"});
+    EXPECT_EQ(table.status, 3);
+    EXPECT_EQ(table.out, "");
+    EXPECT_TRUE(one_line(table.err)) << table.err;
+    EXPECT_EQ(table.err.rfind("almq: " + cut + ": no reply: the server ended", 0), 0u) << table.err;
+
+    const RunResult whole = home.runAlmq({"--json", "jobs"});
+    ASSERT_EQ(whole.status, 0) << whole.err;
+    const RunResult json = home.runAlmq({"--server", cut, "--json", "jobs"});
+    EXPECT_EQ(json.status, 3);
+    EXPECT_NE(json.err.find(": no reply: the server ended"), std::string::npos) << json.err;
+    ASSERT_LT(json.out.size(), whole.out.size());
+    EXPECT_EQ(whole.out.compare(0, json.out.size(), json.out), 0) << "not a prefix of the whole listing";
+    EXPECT_TRUE(json.out.empty() || json.out.back() == '\n');
+}
+
 TEST(AlmqErrors, RelativeServerPathIsTakenFromTheCurrentDirectory) {
     const AlmqHome& home = sample_home();
     const RunResult r = home.runAlmq({"--server", "bin/almread", "info"}, home.path());
