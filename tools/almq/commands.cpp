@@ -105,7 +105,16 @@ private:
 
     bool openPlan(std::string& error);
     bool closePlan(std::string& error);
-    bool recordQuery(std::uint32_t type, const RecordHandler& onRecord, std::uint32_t& count, std::string& error);
+    // The plan handle, then the patterns.
+    std::vector<std::string> queryArgs() const {
+        std::vector<std::string> args{open_[2]};
+        args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
+        return args;
+    }
+    // A record query: a JSON line for each record, or a row that addRow
+    // puts in the table, which is printed with its count once all are in.
+    int recordListing(std::uint32_t type, RecordKind kind, ReplySource source, TextTable& table,
+                      const RecordHandler& addRow, const char* one, const char* many);
     // One JSON object on a line of its own, with the members that fill writes.
     void jsonLine(const std::function<void(JsonWriter&)>& fill);
     // The JSON line of a whole record.
@@ -182,11 +191,21 @@ bool Session::closePlan(std::string& error) {
     return link_.call(REQ_CLOSE, {open_[2]}, reply, error);
 }
 
-bool Session::recordQuery(std::uint32_t type, const RecordHandler& onRecord, std::uint32_t& count,
-                          std::string& error) {
-    std::vector<std::string> args{open_[2]};
-    args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
-    return link_.callRecords(type, args, onRecord, count, error);
+int Session::recordListing(std::uint32_t type, RecordKind kind, ReplySource source, TextTable& table,
+                           const RecordHandler& addRow, const char* one, const char* many) {
+    auto onRecord = [&](const unsigned char* rec) {
+        if (o_.output == OutputForm::Json) return recordLine(rec, kind, source);
+        addRow(rec);
+    };
+    std::uint32_t count = 0;
+    std::string error;
+    if (!link_.callRecords(type, queryArgs(), onRecord, count, error)) return fail(error);
+    if (count == 0) return noMatch(one);
+    if (o_.output == OutputForm::Table) {
+        showTable(table);
+        out_ += plural(table.rows(), one, many) + "\n";
+    }
+    return EXIT_OK;
 }
 
 void Session::jsonLine(const std::function<void(JsonWriter&)>& fill) {
@@ -342,22 +361,13 @@ int Session::cpus() {
     TextTable table({{"WORKSTATION"}, {"HOST"}, {"NODE"}, {"DOMAIN"}, {"PARENT"}, {"TYPE"},
                      {"STATUS"}, {"LIMIT", Align::Right}, {"FENCE", Align::Right}, {"RUN", Align::Right},
                      {"STARTED"}, {"FLAGS"}});
-    auto onRecord = [&](const unsigned char* r) {
-        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Workstation, ReplySource::CpuQuery);
+    auto addRow = [&](const unsigned char* r) {
         table.add({id.text(r), host.text(r), node.text(r), domain.text(r), parent.text(r), type.text(r),
                    state_name(status.integer(r)), number(limit.integer(r)), number(fence.integer(r)),
                    number(run.integer(r)), local_date_time(date.integer(r), time.integer(r)),
                    join_flags({flags_of(FlagWord::Workstation, flags, r)})});
     };
-    std::uint32_t count = 0;
-    std::string error;
-    if (!recordQuery(REQ_WORKSTATIONS, onRecord, count, error)) return fail(error);
-    if (count == 0) return noMatch("workstation");
-    if (o_.output == OutputForm::Table) {
-        showTable(table);
-        out_ += plural(table.rows(), "workstation", "workstations") + "\n";
-    }
-    return EXIT_OK;
+    return recordListing(REQ_WORKSTATIONS, RecordKind::Workstation, ReplySource::CpuQuery, table, addRow, "workstation", "workstations");
 }
 
 int Session::scheds() {
@@ -372,8 +382,7 @@ int Session::scheds() {
     TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"STATUS"}, {"PRI", Align::Right}, {"START"}, {"UNTIL"},
                      {"STARTED"}, {"JOBS", Align::Right}, {"SUCC", Align::Right}, {"EXEC", Align::Right},
                      {"ABEND", Align::Right}, {"FAIL", Align::Right}, {"DEPS", Align::Right}, {"FLAGS"}});
-    auto onRecord = [&](const unsigned char* r) {
-        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Schedule, ReplySource::SchedQuery);
+    auto addRow = [&](const unsigned char* r) {
         table.add({cpu.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
                    local_date_time(schedDate.integer(r), start.integer(r)),
                    local_date_time(untilDate.integer(r), untilTime.integer(r)),
@@ -382,15 +391,7 @@ int Session::scheds() {
                    number(failed.integer(r)), number(depends.integer(r)),
                    join_flags({flags_of(FlagWord::Schedule, flags, r), flags_of(FlagWord::ScheduleRe, reFlags, r)})});
     };
-    std::uint32_t count = 0;
-    std::string error;
-    if (!recordQuery(REQ_SCHEDULES, onRecord, count, error)) return fail(error);
-    if (count == 0) return noMatch("schedule");
-    if (o_.output == OutputForm::Table) {
-        showTable(table);
-        out_ += plural(table.rows(), "schedule", "schedules") + "\n";
-    }
-    return EXIT_OK;
+    return recordListing(REQ_SCHEDULES, RecordKind::Schedule, ReplySource::SchedQuery, table, addRow, "schedule", "schedules");
 }
 
 // What the job runs: its script file, a user job's name, or where a long
@@ -412,8 +413,7 @@ int Session::jobs() {
     TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"JOB"}, {"STATUS"}, {"PRI", Align::Right}, {"USER"},
                      {"START"}, {"STARTED"}, {"ELAPSE", Align::Right}, {"UNTIL"}, {"DEPS", Align::Right},
                      {"FLAGS"}, {"SCRIPT"}});
-    auto onRecord = [&](const unsigned char* r) {
-        if (o_.output == OutputForm::Json) return recordLine(r, RecordKind::Job, ReplySource::JobQuery);
+    auto addRow = [&](const unsigned char* r) {
         table.add({cpu.text(r), sched.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
                    user.text(r), local_date_time(schedDate.integer(r), start.integer(r)),
                    local_date_time(dateStarted.integer(r), timeStarted.integer(r)), number(elapse.integer(r)),
@@ -423,15 +423,7 @@ int Session::jobs() {
                                flags_of(FlagWord::JobRe, reFlags, r)}),
                    script_text(r)});
     };
-    std::uint32_t count = 0;
-    std::string error;
-    if (!recordQuery(REQ_JOBS, onRecord, count, error)) return fail(error);
-    if (count == 0) return noMatch("job");
-    if (o_.output == OutputForm::Table) {
-        showTable(table);
-        out_ += plural(table.rows(), "job", "jobs") + "\n";
-    }
-    return EXIT_OK;
+    return recordListing(REQ_JOBS, RecordKind::Job, ReplySource::JobQuery, table, addRow, "job", "jobs");
 }
 
 std::string when(const char* what, std::int64_t date, std::int64_t hhmm) {
@@ -522,8 +514,6 @@ std::string TreeLines::line(const DepNode& n, const unsigned char* r) const {
 // Each record is shown as it arrives. Output goes on only at the start of
 // a schedule, so what a failing reply leaves behind is whole schedules.
 int Session::deps() {
-    std::vector<std::string> args{open_[2]};
-    args.insert(args.end(), o_.patterns.begin(), o_.patterns.end());
     DepTreeBuilder tree;
     const TreeLines lines;
     std::size_t records = 0;
@@ -563,7 +553,7 @@ int Session::deps() {
     };
     StreamedReply reply;
     std::string error;
-    if (!link_.callStreamed(args, reply, onRecord, error)) {
+    if (!link_.callStreamed(queryArgs(), reply, onRecord, error)) {
         out_.resize(whole);
         return fail(error);
     }

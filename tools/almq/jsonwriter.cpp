@@ -5,25 +5,14 @@
 
 namespace alm {
 
-void JsonWriter::beginObject() {
+void JsonWriter::open(char bracket) {
     separate();
-    out_ += '{';
+    out_ += bracket;
     afterValue_ = false;
 }
 
-void JsonWriter::endObject() {
-    out_ += '}';
-    afterValue_ = true;
-}
-
-void JsonWriter::beginArray() {
-    separate();
-    out_ += '[';
-    afterValue_ = false;
-}
-
-void JsonWriter::endArray() {
-    out_ += ']';
+void JsonWriter::close(char bracket) {
+    out_ += bracket;
     afterValue_ = true;
 }
 

@@ -13,10 +13,10 @@ class JsonWriter {
 public:
     explicit JsonWriter(std::string& out) : out_(out) {}
 
-    void beginObject();
-    void endObject();
-    void beginArray();
-    void endArray();
+    void beginObject() { open('{'); }
+    void endObject() { close('}'); }
+    void beginArray() { open('['); }
+    void endArray() { close(']'); }
     // A member name; its value comes next.
     void key(std::string_view name);
     void integer(std::int64_t v);
@@ -32,6 +32,8 @@ public:
     }
 
 private:
+    void open(char bracket);
+    void close(char bracket);
     // A comma before any value or member but the first of its container.
     void separate() {
         if (afterValue_) out_ += ',';
