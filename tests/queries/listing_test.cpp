@@ -152,12 +152,6 @@ TEST_F(Listings, PatternsSelectSchedulesAndJobs) {
     EXPECT_TRUE(server_.nextIsNop(35));
 }
 
-TEST_F(Listings, NoMatchingScheduleGivesAnEmptyListing) {
-    Reply r;
-    ASSERT_EQ(server_.ask(kDependencies, 28, {handle_, "Z@", "@", "@"}, r), ClientStatus::Ok);
-    expectRecordReply(r, 28, 0);
-}
-
 TEST_F(Listings, NameWidthFollowsTheLastOpenedPlan) {
     const Listing before = readListing(server_, 29, {handle_, "A", "VERYLONGSCHED", "@"}, 2);
     EXPECT_EQ(before.header.numData, 2u);

@@ -104,6 +104,8 @@ TEST_F(Requests, NothingMatchingGivesCountZero) {
     expectRecordReply(r, 62, 0);
     ASSERT_EQ(server_.ask(kJobs, 63, {handle_, "B1", "S7", "@"}, r), ClientStatus::Ok);
     expectRecordReply(r, 63, 0);
+    ASSERT_EQ(server_.ask(kDependencies, 64, {handle_, "Z@", "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 64, 0);
 }
 
 TEST_F(Requests, PatternsAndSearchOrder) {
