@@ -1,8 +1,5 @@
-// The open-plan handlers called in this process: handle lookup, the version
-// of the last open, and the closing of every plan at the end.
-#include <fcntl.h>
-#include <unistd.h>
-
+// The open-plan handlers called in this process, for what the end-to-end
+// tests cannot see: the version of the last open and malformed requests.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -92,22 +89,6 @@ protected:
     std::string v2_, v1_;
 };
 
-TEST_F(InProcess, HandleTextIsReadAsAtolReadsIt) {
-    const std::string h = openHandle(v2_);
-    ASSERT_FALSE(h.empty());
-    readerFile* rf = readerFindFile(h.c_str());
-    ASSERT_NE(rf, nullptr);
-    EXPECT_EQ(rf->opened, 1);
-    EXPECT_NE(rf->alm_ca, nullptr);
-    EXPECT_EQ(std::string(rf->pathName), v2_);
-    for (const std::string& same : {" " + h, "+" + h, h + "abc", "\t" + h + " 7"})
-        EXPECT_EQ(readerFindFile(same.c_str()), rf) << same;
-    for (const std::string& other : {std::string("0"), std::string(""), std::string("x") + h,
-                                     "-" + h, std::string("99999999999999999999999")})
-        EXPECT_EQ(readerFindFile(other.c_str()), nullptr) << other;
-    EXPECT_EQ(readerFindFile(nullptr), nullptr);
-}
-
 TEST_F(InProcess, VersionOfTheLastSuccessfulOpen) {
     ASSERT_FALSE(openHandle(v1_).empty());
     EXPECT_EQ(alm_version, 0);
@@ -117,49 +98,6 @@ TEST_F(InProcess, VersionOfTheLastSuccessfulOpen) {
     EXPECT_EQ(alm_version, 1);  // a failed open changes nothing
     ASSERT_FALSE(openHandle(v1_).empty());
     EXPECT_EQ(alm_version_of_last_open(), 0);
-}
-
-TEST_F(InProcess, OpenPlansAreListedInOrderOfOpening) {
-    const std::string a = openHandle(v2_);
-    const std::string b = openHandle(v1_);
-    const std::string c = openHandle(v2_);
-    ASSERT_NE(pListOfFiles, nullptr);
-    std::vector<void*> want{readerFindFile(a.c_str()), readerFindFile(b.c_str()),
-                            readerFindFile(c.c_str())};
-    std::vector<void*> got;
-    sllIterator it;
-    sllStartIterator(pListOfFiles.get(), it);
-    while (sllNextIterator(it)) got.push_back(sllGetIteratorValue(it));
-    EXPECT_EQ(got, want);
-
-    const std::string reply = call(readerCloseAlmanack, 4, {b});
-    EXPECT_EQ(reply.size(), 24u);
-    got.clear();
-    sllStartIterator(pListOfFiles.get(), it);
-    while (sllNextIterator(it)) got.push_back(sllGetIteratorValue(it));
-    EXPECT_EQ(got, (std::vector<void*>{want[0], want[2]}));
-    EXPECT_EQ(readerFindFile(b.c_str()), nullptr);
-}
-
-TEST_F(InProcess, CloseAllReleasesEveryPlanThroughTheLibrary) {
-    const std::string a = openHandle(v2_);
-    const std::string b = openHandle(v1_);
-    ASSERT_FALSE(a.empty());
-    ASSERT_FALSE(b.empty());
-    // Another process sees this one's presence locks...
-    EXPECT_EQ(probeLock(v2_, 0, 1).pid, getpid());
-    EXPECT_EQ(probeLock(v1_, 0, 1).pid, getpid());
-
-    readerCloseAllAlmanack();
-    // ...and, once all is closed, none at all.
-    EXPECT_EQ(probeLock(v2_, 0, 1).type, F_UNLCK);
-    EXPECT_EQ(probeLock(v1_, 0, 1).type, F_UNLCK);
-    EXPECT_EQ(pListOfFiles, nullptr);
-    EXPECT_EQ(readerFindFile(a.c_str()), nullptr);
-    EXPECT_EQ(readerFindFile(b.c_str()), nullptr);
-    // A second call with nothing open is harmless, and opening works again.
-    readerCloseAllAlmanack();
-    EXPECT_FALSE(openHandle(v2_).empty());
 }
 
 TEST_F(InProcess, WrongArgumentCountsWriteNothing) {

@@ -311,17 +311,6 @@ TEST_F(Files, PathsLongerThan1024CharactersGetNoReply) {
     expectCleanEnd(client_);
 }
 
-TEST_F(Files, PresenceLockFollowsOpenAndClose) {
-    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
-    const auto handle = openPlan(client_, plan_)[2];
-    const LockInfo held = probeLock(plan_, 0, 1);
-    EXPECT_EQ(held.type, F_RDLCK);
-    EXPECT_EQ(held.pid, client_.pid());
-    ask(client_, 3, 80, {handle});
-    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
-    expectCleanEnd(client_);
-}
-
 TEST_F(Files, PlansStillOpenAtEndOfInputAreClosed) {
     const std::string other = home_.file("plans/other");
     ASSERT_TRUE(buildPlan(v2Description(), other));
@@ -333,18 +322,6 @@ TEST_F(Files, PlansStillOpenAtEndOfInputAreClosed) {
     expectCleanEnd(client_);
     EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
     EXPECT_EQ(probeLock(other, 0, 1).type, F_UNLCK);
-}
-
-TEST_F(Files, QueriesOnAnUnknownHandleFindNothing) {
-    const auto handle = openPlan(client_, plan_)[2];
-    FrameHeader h;
-    ask(client_, 8, 90, {handle, "@"}, &h);
-    EXPECT_EQ(h.numData, 2u);
-    ask(client_, 3, 91, {handle});
-    ask(client_, 8, 92, {handle, "@"}, &h);
-    EXPECT_EQ(h.numData, 0u);
-    EXPECT_EQ(h.size, 20u);
-    expectCleanEnd(client_);
 }
 
 }  // namespace
