@@ -151,24 +151,6 @@ TEST(SynthPlanV1, LargestPlanThatFits) {
     EXPECT_FALSE(file_exists(dir.file("big")));
 }
 
-TEST(SynthPlanV1, RecordsAreV1Layouts) {
-    TempDir dir;
-    ASSERT_EQ(synth(dir.file("p"), 2, 3, 4, true, true).status, 0);
-    const std::string bytes = read_file(dir.file("p"));
-    ASSERT_EQ(bytes.size() % 256, 0u);
-    Plan p;
-    ASSERT_TRUE(p.load(dir.file("p")));
-    EXPECT_EQ(load_le16(p.raw(0) + 254), 0);
-    EXPECT_EQ(load_le16(p.raw(0) + offsetof(SH_RECTYPE_V1, sh_num_recs)), p.count());
-    const std::uint32_t j = find_job(p, "WS000002", "S0000003", "J0000004");
-    ASSERT_NE(j, NULL_REC);
-    const auto* raw = reinterpret_cast<const char*>(p.raw(j));
-    EXPECT_EQ(std::string(raw + offsetof(SJ_RECTYPE_V1, sj_cpu_id), 8), "WS000002");
-    EXPECT_EQ(std::string(raw + offsetof(SJ_RECTYPE_V1, sj_job_name), 8), "J0000004");
-    EXPECT_EQ(std::string(raw + offsetof(SJ_RECTYPE_V1, sj_schedule), 8), "S0000003");
-    EXPECT_EQ(load_le16(p.raw(j) + offsetof(SJ_RECTYPE_V1, sj_rec_num)), j);
-}
-
 TEST(SynthPlan, RefusesCountsTheHeaderCannotHold) {
     TempDir dir;
     RunResult r = synth(dir.file("p"), 200, 200, 1, false, false);
