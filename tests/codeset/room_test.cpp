@@ -106,27 +106,6 @@ TEST_P(Room, WholeCharactersAndTerminator) {
 
 INSTANTIATE_TEST_SUITE_P(Converters, Room, ::testing::ValuesIn(kCases));
 
-TEST(RoomEdges, TerminatorCutsALastMultiByteCharacter) {
-    CodeSet* cs = load("ISO-8859-1", "sbcs");
-    ASSERT_NE(cs, nullptr);
-    char dst[3];
-    // "a" and the two bytes of e-acute fill all three bytes; the NUL then
-    // takes the place of the second one.
-    EXPECT_EQ(ils_to_utf8(cs, "a\xE9", -1, dst, 3), 2);
-    EXPECT_EQ(std::string(dst, 3), std::string("a\xC3\0", 3));
-}
-
-TEST(RoomEdges, CharacterThatDoesNotFitEndsTheConversion) {
-    CodeSet* cs = load("ISO-8859-1", "sbcs");
-    ASSERT_NE(cs, nullptr);
-    char dst[8] = {};
-    // "b" would fit after the e-acute, but nothing follows a character
-    // that does not.
-    EXPECT_EQ(ils_to_utf8(cs, "\xE9" "b", 2, dst, 1), 0);
-    EXPECT_EQ(ils_from_utf8(cs, "x\xE2\x82\xAC" "b", 5, dst, 2), 2);
-    EXPECT_EQ(std::string(dst, 2), "x?");
-}
-
 TEST(RoomEdges, DegenerateArguments) {
     CodeSet* cs = load("ISO-8859-1", "sbcs");
     ASSERT_NE(cs, nullptr);
