@@ -387,12 +387,5 @@ TEST(ProductCatalog, LanguageDirectoriesUnderHome) {
     }
 }
 
-TEST(ProductCatalog, StemTable) {
-    const char* want[] = {"",       "cobalt", "kestrel", "reelwright", "spindle", "lumen",  "parcel",
-                          "vinyl",  "sentry", "bastion", "ledger",     "rampart", "lattice"};
-    for (int i = 0; i < NUM_PRODUCTS; ++i) EXPECT_STREQ(product_stem(i), want[i]);
-    EXPECT_STREQ(product_stem(13), "");
-}
-
 }  // namespace
 }  // namespace alm::msgtest

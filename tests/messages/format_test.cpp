@@ -242,15 +242,6 @@ TEST_F(FormatTest, OtherLanguageFallsBackToC) {
         << r.err;
 }
 
-TEST_F(FormatTest, DateStyleComesFromTheCatalog) {
-    // The test cobalt catalog holds style 1 (mm/dd/yy) in set 50 message 35.
-    std::vector<std::string> got = run({
-        [] { return std::to_string(issuemsg_state()->date_fmt); },
-        [] { return text_of(2005, 1, MSG_DATE, 1772668800, MSG_END); },
-    });
-    EXPECT_EQ(got, (std::vector<std::string>{"1", "[03/05/26]"}));
-}
-
 TEST_F(FormatTest, StateStartsWithItsDefaults) {
     std::vector<std::string> got = run({[] {
         TPCATtype* st = issuemsg_state();

@@ -25,17 +25,6 @@ std::string plan_error(int code, bool with_errno) {
     return buf;
 }
 
-TEST(ProductCatalogs, MissingPlanFileNamesTheFile) {
-    RunResult r = run_child([] {
-        use_home(BUILD_HOME);
-        std::printf("%s\n", plan_error(35, true).c_str());
-    });
-    EXPECT_EQ(r.err, "");
-    EXPECT_EQ(r.out.rfind("QFR20720035  ", 0), 0u) << r.out;
-    EXPECT_NE(r.out.find("/home/x/Almanack"), std::string::npos) << r.out;
-    EXPECT_EQ(r.out.find("NO MSG"), std::string::npos) << r.out;
-}
-
 TEST(ProductCatalogs, WithoutCatalogsTheFallbackCarriesTheArguments) {
     TempDir empty;
     RunResult r = run_child([&] {
