@@ -10,14 +10,13 @@
 
 #include "messages/issuemsg.h"
 #include "plan/almaccs.h"
-#include "plan_builder.h"
+#include "plan_files.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
 
 namespace alm {
 namespace {
 
-using test::PlanBuilder;
 using test::slurp;
 
 bool fd_open(int fd) { return ::fcntl(fd, F_GETFD) != -1 || errno != EBADF; }
@@ -27,14 +26,9 @@ protected:
     test::TempDir dir;
     char errtext[ALM_ERRTEXT_SIZE] = {};
 
+    // 1 A, 2 A/S1, 3 J1.
     std::string plan(const std::string& name, bool v2 = true) {
-        PlanBuilder b(v2);
-        b.cpu("A");
-        auto s = b.sched("A", "S1");
-        b.job(s, "J1");
-        std::string path = dir.file(name);
-        b.write(path);
-        return path;
+        return test::make_plan(dir, name, "workstation A\nschedule A S1\njob J1\n", !v2);
     }
     alm_comarea* open(const std::string& path, int mode) {
         alm_comarea* ca = nullptr;

@@ -1,18 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "plan/almaccs.h"
 #include "plan/almfind.h"
-#include "plan_builder.h"
+#include "plan_files.h"
 
 namespace alm {
 namespace {
 
-using test::PlanBuilder;
 using test::Record;
 
 std::string field(const char* f, std::size_t n) {
@@ -25,13 +23,13 @@ protected:
     test::TempDir dir;
     alm_session session;
 
-    alm_comarea* open_plan(const PlanBuilder& b, const std::string& name = "plan") {
-        std::filesystem::create_directories(std::filesystem::path(dir.file(name)).parent_path());
-        b.write(dir.file(name));
-        return open_path(dir.file(name));
+    alm_comarea* open_plan(const std::string& desc, const std::string& name = "plan", bool v1 = false) {
+        return open_path(test::make_plan(dir, name, desc, v1));
     }
+    // The records of the plan desc describes, to be damaged and opened.
+    std::vector<Record> recs_of(const std::string& desc) { return test::records(test::make_plan(dir, "built", desc)); }
     alm_comarea* open_recs(const std::vector<Record>& recs) {
-        PlanBuilder::write(dir.file("plan"), recs);
+        test::write_records(dir.file("plan"), recs);
         return open_path(dir.file("plan"));
     }
     alm_comarea* open_path(const std::string& path) {
@@ -81,29 +79,19 @@ protected:
 
 using Names = std::vector<std::string>;
 
-// A plan over workstations A, B, C with schedules ordered by workstation.
-PlanBuilder three_workstations(bool v2 = true) {
-    PlanBuilder b(v2);
-    b.cpu("A");                         // 1
-    b.cpu("B");                         // 2
-    b.cpu("C");                         // 3
-    auto a1 = b.sched("A", "DAILY");    // 4
-    b.job(a1, "BACKUP");                // 5
-    b.job(a1, "REPORT");                // 6
-    auto b1 = b.sched("B", "DAILY");    // 7
-    b.job(b1, "BACKUP");                // 8
-    b.job(b1, "CLEAN");                 // 9
-    b.job(b1, "BATCH");                 // 10
-    auto b2 = b.sched("B", "WEEKLY");   // 11
-    b.job(b2, "BILLING");               // 12
-    auto c1 = b.sched("C", "DAILY");    // 13
-    b.job(c1, "BACKUP");                // 14
-    b.sched("C", "EMPTY");              // 15
-    return b;
-}
+// Workstations A, B, C (records 1 to 3), then each schedule and its jobs:
+// 4 A/DAILY (5 BACKUP, 6 REPORT), 7 B/DAILY (8 BACKUP, 9 CLEAN, 10 BATCH),
+// 11 B/WEEKLY (12 BILLING), 13 C/DAILY (14 BACKUP), 15 C/EMPTY.
+const char* const kThree =
+    "workstation A\nworkstation B\nworkstation C\n"
+    "schedule A DAILY\njob BACKUP\njob REPORT\n"
+    "schedule B DAILY\njob BACKUP\njob CLEAN\njob BATCH\n"
+    "schedule B WEEKLY\njob BILLING\n"
+    "schedule C DAILY\njob BACKUP\n"
+    "schedule C EMPTY\n";
 
 TEST_F(FindTest, WorkstationsInChainOrder) {
-    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    ASSERT_NE(open_plan(kThree), nullptr);
     EXPECT_EQ(cpus("@"), (Names{"A", "B", "C"}));
     EXPECT_EQ(cpus(""), (Names{"A", "B", "C"}));
     EXPECT_EQ(cpus("   "), (Names{"A", "B", "C"}));
@@ -115,7 +103,7 @@ TEST_F(FindTest, WorkstationsInChainOrder) {
 }
 
 TEST_F(FindTest, WorkstationCursorAndChainEnd) {
-    alm_comarea* ca = open_plan(three_workstations());
+    alm_comarea* ca = open_plan(kThree);
     ASSERT_NE(ca, nullptr);
     SCI_RECTYPE rec{};
     std::uint32_t cur = 0;
@@ -139,9 +127,7 @@ TEST_F(FindTest, WorkstationCursorAndChainEnd) {
 }
 
 TEST_F(FindTest, EmptyChainsRecordError36WithTheKind) {
-    PlanBuilder b;
-    b.prompt("P");
-    alm_comarea* ca = open_plan(b);
+    alm_comarea* ca = open_plan("header\n");
     ASSERT_NE(ca, nullptr);
 
     SCI_RECTYPE cpu{};
@@ -165,7 +151,7 @@ TEST_F(FindTest, EmptyChainsRecordError36WithTheKind) {
 }
 
 TEST_F(FindTest, SchedulesByBothNames) {
-    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    ASSERT_NE(open_plan(kThree), nullptr);
     EXPECT_EQ(scheds("@", "@"), (Names{"A#DAILY", "B#DAILY", "B#WEEKLY", "C#DAILY", "C#EMPTY"}));
     EXPECT_EQ(scheds("@", "DAILY"), (Names{"A#DAILY", "B#DAILY", "C#DAILY"}));
     EXPECT_EQ(scheds("B", "@"), (Names{"B#DAILY", "B#WEEKLY"}));
@@ -176,8 +162,7 @@ TEST_F(FindTest, SchedulesByBothNames) {
 // The chain is ordered by workstation: a plain name stops at the first
 // schedule of a greater one and leaves the cursor and buffer there.
 TEST_F(FindTest, PlainWorkstationStopsAtTheFirstGreaterSchedule) {
-    std::filesystem::create_directory(dir.file("prod"));
-    alm_comarea* ca = open_plan(three_workstations(), "prod/Almanack");
+    alm_comarea* ca = open_plan(kThree, "prod/Almanack");
     ASSERT_NE(ca, nullptr);
     SS_RECTYPE rec{};
     std::uint32_t cur = 0;
@@ -203,11 +188,9 @@ TEST_F(FindTest, PlainWorkstationStopsAtTheFirstGreaterSchedule) {
 // "$", "#", "^" and "~" match as patterns but do not make the name a
 // pattern for the early stop.
 TEST_F(FindTest, OnlyAtQuestionPercentCountAsWildcardsForTheStop) {
-    PlanBuilder b;
-    b.sched("1A", "S");
-    b.sched("2B", "S");
-    b.sched("XB", "S");
-    ASSERT_NE(open_plan(b), nullptr);
+    ASSERT_NE(open_plan("workstation 1A\nworkstation 2B\nworkstation XB\n"
+                        "schedule 1A S\nschedule 2B S\nschedule XB S\n"),
+              nullptr);
     EXPECT_EQ(scheds("#B", "S"), Names{});  // "1A" > "#B" stops at once
     EXPECT_EQ(scheds("$B", "S"), Names{});
     EXPECT_EQ(scheds("%B", "S"), (Names{"2B#S"}));
@@ -217,7 +200,7 @@ TEST_F(FindTest, OnlyAtQuestionPercentCountAsWildcardsForTheStop) {
 }
 
 TEST_F(FindTest, JobsAcrossSchedules) {
-    ASSERT_NE(open_plan(three_workstations()), nullptr);
+    ASSERT_NE(open_plan(kThree), nullptr);
     EXPECT_EQ(jobs("@", "@", "@"), (Names{"DAILY.BACKUP", "DAILY.REPORT", "DAILY.BACKUP", "DAILY.CLEAN",
                                           "DAILY.BATCH", "WEEKLY.BILLING", "DAILY.BACKUP"}));
     EXPECT_EQ(jobs("@", "@", "BACKUP"), (Names{"DAILY.BACKUP", "DAILY.BACKUP", "DAILY.BACKUP"}));
@@ -227,7 +210,7 @@ TEST_F(FindTest, JobsAcrossSchedules) {
 }
 
 TEST_F(FindTest, JobCursorWalksChainThenNextSchedule) {
-    alm_comarea* ca = open_plan(three_workstations());
+    alm_comarea* ca = open_plan(kThree);
     ASSERT_NE(ca, nullptr);
     SJ_RECTYPE rec{};
     std::uint32_t cur = 0;
@@ -243,7 +226,7 @@ TEST_F(FindTest, JobCursorWalksChainThenNextSchedule) {
 }
 
 TEST_F(FindTest, JobCursorInTheMiddleOfAChainResumesInItsSchedule) {
-    alm_comarea* ca = open_plan(three_workstations());
+    alm_comarea* ca = open_plan(kThree);
     ASSERT_NE(ca, nullptr);
     SJ_RECTYPE rec{};
     std::uint32_t cur = 9;  // CLEAN, in B/DAILY
@@ -257,7 +240,7 @@ TEST_F(FindTest, JobCursorInTheMiddleOfAChainResumesInItsSchedule) {
     EXPECT_EQ(alm_find_job(ca, "@", "WEEKLY", "@", cur, &rec), 12u);
 
     // A cursor at a job whose schedule pointer is not a schedule.
-    auto recs = three_workstations().build();
+    auto recs = recs_of(kThree);
     test::put32(recs[9], offsetof(SJ_RECTYPE, sj_sched_ptr), 2);  // a workstation
     ca = open_recs(recs);
     ASSERT_NE(ca, nullptr);
@@ -268,7 +251,7 @@ TEST_F(FindTest, JobCursorInTheMiddleOfAChainResumesInItsSchedule) {
 }
 
 TEST_F(FindTest, ReadFailuresKeepTheirOwnCode) {
-    auto recs = three_workstations().build();
+    auto recs = recs_of(kThree);
     test::put32(recs[5], offsetof(SJ_RECTYPE, sj_next_job_ptr), 500);  // beyond the file
     test::put32(recs[2], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 4);   // a schedule
     alm_comarea* ca = open_recs(recs);
@@ -292,11 +275,9 @@ TEST_F(FindTest, ReadFailuresKeepTheirOwnCode) {
 TEST_F(FindTest, NameWidthsFollowTheVersion) {
     const std::string long_job = "NIGHTLY_CONSOLIDATION_OF_LEDGERS_42";  // 35 bytes
     const std::string long_cpu = "WORKSTATION_0016";                      // 16 bytes
-    PlanBuilder v2(true);
-    v2.cpu(long_cpu);
-    auto s = v2.sched(long_cpu, "SCHEDULE_NAME_16");
-    v2.job(s, long_job);
-    ASSERT_NE(open_plan(v2, "v2"), nullptr);
+    ASSERT_NE(open_plan("workstation " + long_cpu + "\nschedule " + long_cpu + " SCHEDULE_NAME_16\njob " + long_job + "\n",
+                        "v2"),
+              nullptr);
     EXPECT_EQ(cpus(long_cpu.c_str()), (Names{long_cpu}));
     EXPECT_EQ(cpus((long_cpu + "XYZ").c_str()), (Names{long_cpu}));  // the pattern is cut at 16
     EXPECT_EQ(cpus("WORKSTATION_001"), Names{});
@@ -304,11 +285,7 @@ TEST_F(FindTest, NameWidthsFollowTheVersion) {
     EXPECT_EQ(jobs("@", "@", "NIGHTLY_CONSOLIDATION_OF_LEDGERS_4#"), (Names{"SCHEDULE_NAME_16." + long_job}));
     EXPECT_EQ(jobs("@", "@", "NIGHTLY_C"), Names{});
 
-    PlanBuilder v1(false);
-    v1.cpu("CPU00001");
-    auto s1 = v1.sched("CPU00001", "SCHED001");
-    v1.job(s1, "JOB12345");
-    ASSERT_NE(open_plan(v1, "v1"), nullptr);
+    ASSERT_NE(open_plan("workstation CPU00001\nschedule CPU00001 SCHED001\njob JOB12345\n", "v1", true), nullptr);
     EXPECT_EQ(cpus("CPU00001"), (Names{"CPU00001"}));
     EXPECT_EQ(cpus("CPU00001EXTRA"), (Names{"CPU00001"}));  // the pattern is cut at 8
     EXPECT_EQ(jobs("CPU00001", "SCHED001", "JOB12345_AND_MORE"), (Names{"SCHED001.JOB12345"}));
@@ -318,7 +295,7 @@ TEST_F(FindTest, NameWidthsFollowTheVersion) {
 
 // Two job walks taking turns on one session find what each finds alone.
 TEST_F(FindTest, InterleavedJobWalksDoNotDisturbEachOther) {
-    alm_comarea* ca = open_plan(three_workstations());
+    alm_comarea* ca = open_plan(kThree);
     ASSERT_NE(ca, nullptr);
     const Names daily = jobs("@", "DAILY", "@");
     const Names on_b = jobs("B", "@", "@");
@@ -351,7 +328,7 @@ TEST_F(FindTest, InterleavedJobWalksDoNotDisturbEachOther) {
 
 // Damaged plans: a looping chain ends like the end of the chain.
 TEST_F(FindTest, LoopingChainsTerminate) {
-    auto recs = three_workstations().build();
+    auto recs = recs_of(kThree);
     test::put32(recs[3], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 1);      // C -> A
     test::put32(recs[15], offsetof(SS_RECTYPE, ss_next_sch_ptr), 4);       // C/EMPTY -> A/DAILY
     test::put32(recs[10], offsetof(SJ_RECTYPE, sj_next_job_ptr), 8);       // BATCH -> BACKUP
@@ -368,7 +345,7 @@ TEST_F(FindTest, LoopingChainsTerminate) {
 }
 
 TEST_F(FindTest, SelfLinksAndLinksToTheHeaderEnd) {
-    auto recs = three_workstations().build();
+    auto recs = recs_of(kThree);
     test::put32(recs[1], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 0);      // A -> header
     test::put32(recs[6], offsetof(SJ_RECTYPE, sj_next_job_ptr), 6);        // REPORT -> itself
     test::put32(recs[11], offsetof(SS_RECTYPE, ss_next_sch_ptr), 0);       // B/WEEKLY -> header
@@ -383,7 +360,7 @@ TEST_F(FindTest, SelfLinksAndLinksToTheHeaderEnd) {
 // A resumed cursor keeps counting: a caller that follows the cursors of a
 // looping chain stops within the file's record count in total.
 TEST_F(FindTest, ResumedCursorIsBoundedAsAWhole) {
-    auto recs = three_workstations().build();
+    auto recs = recs_of(kThree);
     test::put32(recs[3], offsetof(SCI_RECTYPE, sci_next_cpu_ptr), 1);
     alm_comarea* ca = open_recs(recs);
     ASSERT_NE(ca, nullptr);

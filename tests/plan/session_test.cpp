@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -14,16 +13,14 @@
 #include "child_process.h"
 #include "plan/almaccs.h"
 #include "plan/almfind.h"
-#include "plan_builder.h"
+#include "plan_files.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
-#include "util/patmatch.h"
 
 namespace alm {
 namespace {
 
 using test::HoldingChild;
-using test::PlanBuilder;
 using test::slurp;
 using test::Record;
 
@@ -45,17 +42,10 @@ protected:
     // A plan with two workstations, two schedules and three jobs:
     // 1 IC A, 2 IC B, 3 RS A/S1, 4 RJ J1, 5 RJ J2, 6 RS B/S2, 7 RJ J3.
     std::string small_plan(const std::string& name, bool v2 = true) {
-        PlanBuilder b(v2);
-        b.cpu("A");
-        b.cpu("B");
-        auto s1 = b.sched("A", "S1");
-        b.job(s1, "J1");
-        b.job(s1, "J2");
-        auto s2 = b.sched("B", "S2");
-        b.job(s2, "J3");
-        std::string path = dir.file(name);
-        b.write(path);
-        return path;
+        return test::make_plan(dir, name,
+                               "workstation A\nworkstation B\nschedule A S1\njob J1\njob J2\n"
+                               "schedule B S2\njob J3\n",
+                               !v2);
     }
 
     alm_comarea* open_ok(const std::string& path, int mode = ALM_MODE_READ, SH_RECTYPE* hdr = nullptr) {
@@ -75,8 +65,6 @@ protected:
         EXPECT_EQ(ca, nullptr);
     }
 };
-
-// ---------------------------------------------------------------- opening
 
 TEST_F(SessionTest, MissingFileGives35AndANullHandle) {
     std::string path = dir.file("nothing-here");
@@ -109,13 +97,9 @@ TEST_F(SessionTest, OpenFillsTheSession) {
     EXPECT_EQ(ca->locked, 0);  // the presence lock is not recorded
     EXPECT_EQ(ca->err_type, 0);
     EXPECT_EQ(ca->num_recs, 8);
-    EXPECT_STREQ(ca->wildcards, "@?%");
-    EXPECT_EQ(ca->match, &c_patternmatch);
     EXPECT_STREQ(ca->filename, path.c_str());
     EXPECT_NE(ca->filename, path.c_str());  // a private copy
     EXPECT_NE(ca->sh_rec, &hdr);
-    const std::int16_t kinds[] = {SH_CODE, SS_CODE, SJ_CODE, SM_CODE, SF_CODE, SR_CODE, SC_CODE, PJ_CODE, SCI_CODE};
-    for (int i = 0; i < ALM_NUM_KINDS; ++i) EXPECT_EQ(ca->rec_types[i], kinds[i]) << i;
 
     int fdflags = ::fcntl(ca->fnum, F_GETFD);
     EXPECT_NE(fdflags & FD_CLOEXEC, 0);
@@ -123,7 +107,7 @@ TEST_F(SessionTest, OpenFillsTheSession) {
 
     EXPECT_EQ(hdr.alm_rec_type, SH_CODE);
     EXPECT_EQ(hdr.sh_alm_version, 1);
-    EXPECT_EQ(field(hdr.sh_cpu_id, 16), "MASTER");
+    EXPECT_EQ(field(hdr.sh_cpu_id, 16), "A");
     EXPECT_EQ(hdr.sh_first_cpu, 1u);
     EXPECT_EQ(hdr.sh_first_sched, 3u);
     EXPECT_EQ(std::memcmp(&hdr, ca->sh_rec, sizeof hdr), 0);
@@ -185,13 +169,11 @@ TEST_F(SessionTest, V1HeaderIsWidenedAndRecordsAre256Bytes) {
 }
 
 TEST_F(SessionTest, Version2FileIsReadWith512ByteRecordsUnconverted) {
-    PlanBuilder b(true);
-    b.cpu("A");
-    auto recs = b.build();
+    auto recs = test::records(test::make_plan(dir, "built", "workstation A\n"));
     test::put16(recs[0], 254, 2);
     recs.push_back(Record(100, 'x'));  // a partial last record does not count
     std::string path = dir.file("plan");
-    PlanBuilder::write(path, recs);
+    test::write_records(path, recs);
 
     SH_RECTYPE hdr{};
     alm_comarea* ca = open_ok(path, ALM_MODE_READ, &hdr);
@@ -208,8 +190,6 @@ TEST_F(SessionTest, Version2FileIsReadWith512ByteRecordsUnconverted) {
     EXPECT_EQ(std::memcmp(&cpu, recs[1].data(), 512), 0);
     close_ok(ca);
 }
-
-// ---------------------------------------------------------------- reading
 
 TEST_F(SessionTest, RecordNumberErrors) {
     std::string path = small_plan("plan");
@@ -255,11 +235,8 @@ TEST_F(SessionTest, GrowingFileIsReadPastItsFirstEnd) {
     ASSERT_NE(ca, nullptr);
     ASSERT_EQ(ca->num_recs, 8);
 
-    PlanBuilder more(true);
-    auto s = more.sched("Z", "LATE");
-    more.job(s, "LATEJOB");
-    auto extra = more.build();
-    append(path, extra[2]);  // a job record becomes record 8
+    auto extra = test::records(test::make_plan(dir, "more", "workstation Z\nschedule Z LATE\njob LATEJOB\n"));
+    append(path, extra[3]);  // a job record becomes record 8
 
     SJ_RECTYPE job{};
     EXPECT_EQ(alm_read_job(ca, 8, &job), 512);
@@ -310,30 +287,19 @@ struct TypedCase {
 
 const TypedCase kTyped[] = {
     {"cpu", 1, SCI_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_cpu_info(ca, n, &r->sci); }},
-    {"sched", 3, SS_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_sched(ca, n, &r->ss); }},
-    {"job", 4, SJ_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_job(ca, n, &r->sj); }},
-    {"prompt", 9, SM_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_message(ca, n, &r->sm); }},
-    {"file", 10, SF_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_file(ca, n, &r->sf); }},
-    {"resource", 11, SR_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_resource(ca, n, &r->sr); }},
-    {"calendar", 12, SC_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_calendar(ca, n, &r->sc); }},
+    {"sched", 7, SS_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_sched(ca, n, &r->ss); }},
+    {"job", 8, SJ_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_job(ca, n, &r->sj); }},
+    {"prompt", 4, SM_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_message(ca, n, &r->sm); }},
+    {"file", 5, SF_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_file(ca, n, &r->sf); }},
+    {"resource", 6, SR_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_resource(ca, n, &r->sr); }},
+    {"calendar", 3, SC_CODE, [](alm_comarea* ca, std::uint32_t n, ALMRECTYPE* r) { return alm_read_calendar(ca, n, &r->sc); }},
 };
 
 TEST_F(SessionTest, TypedReadsCheckTheKind) {
-    PlanBuilder b(true);
-    b.cpu("A");                       // 1
-    b.cpu("B");                       // 2
-    auto s = b.sched("A", "S1");      // 3
-    b.job(s, "J1");                   // 4
-    b.job(s, "J2");                   // 5
-    b.sched("B", "S2");               // 6
-    b.raw(0);                         // 7
-    b.raw(0);                         // 8
-    b.prompt("P1");                   // 9
-    b.file("/tmp/f");                 // 10
-    b.resource("A", "TAPES");         // 11
-    b.raw(static_cast<std::uint16_t>(SC_CODE));  // 12
-    std::string path = dir.file("plan");
-    b.write(path);
+    // 1 A, 2 B, 3 calendar, 4 prompt, 5 file, 6 resource, 7 A/S1, 8 J1, 9 J2, 10 B/S2.
+    std::string path = test::make_plan(dir, "plan",
+                                       "workstation A\nworkstation B\ncalendar CAL\nprompt P1\nfile A /tmp/f\n"
+                                       "resource A TAPES\nschedule A S1\njob J1\njob J2\nschedule B S2\n");
     alm_comarea* ca = open_ok(path);
     ASSERT_NE(ca, nullptr);
 
@@ -344,8 +310,8 @@ TEST_F(SessionTest, TypedReadsCheckTheKind) {
         EXPECT_EQ(ca->err_type, 0);
         EXPECT_EQ(rec.alm_rec_type, c.code);
 
-        // Record 6 is a schedule; for the schedule reader use the header.
-        std::uint32_t wrong = c.code == SS_CODE ? 4 : 6;
+        // Record 10 is a schedule; for the schedule reader use a job.
+        std::uint32_t wrong = c.code == SS_CODE ? 8 : 10;
         std::int16_t found = c.code == SS_CODE ? SJ_CODE : SS_CODE;
         EXPECT_EQ(c.read(ca, wrong, &rec), -1);
         EXPECT_EQ(ca->err_type, ALM_E_KIND);
@@ -398,7 +364,6 @@ TEST_F(SessionTest, HeaderIsCachedOnlyWhenExclusive) {
 
 // Reads per kind are counted for the file named Almanack only.
 TEST_F(SessionTest, ProductionReadCounts) {
-    std::filesystem::create_directory(dir.file("prod"));
     std::string prod = small_plan("prod/Almanack");
     std::string old = small_plan("prod/Almanack.old");
 
@@ -441,7 +406,6 @@ TEST_F(SessionTest, ProductionReadCounts) {
 }
 
 TEST_F(SessionTest, ProductionCountsExactlyPerRead) {
-    std::filesystem::create_directory(dir.file("p"));
     std::string prod = small_plan("p/Almanack");
     alm_comarea* ca = open_ok(prod);
     ASSERT_NE(ca, nullptr);
@@ -457,8 +421,6 @@ TEST_F(SessionTest, ProductionCountsExactlyPerRead) {
               8);
     close_ok(ca);
 }
-
-// ---------------------------------------------------------------- locks
 
 TEST_F(SessionTest, WholeFileLockInAnotherProcessFailsTheOpenWith2) {
     std::string path = small_plan("plan");
