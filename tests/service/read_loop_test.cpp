@@ -94,69 +94,6 @@ LoopRun run(const std::string& input) {
     return {st, sink.bytes()};
 }
 
-TEST(ReadLoop, AnswersNopsInOrder) {
-    const LoopRun r = run(request(0, 1, {}) + request(0, 0xDEADBEEF, {"x", "y"}) + request(0, 3, {}));
-    EXPECT_EQ(r.status, ReadLoopStatus::EndOfInput);
-    EXPECT_EQ(r.out, nopReply(1) + nopReply(0xDEADBEEF) + nopReply(3));
-}
-
-TEST(ReadLoop, SizeIsIgnoredWithoutArguments) {
-    // numData 0: nothing after the header is read, whatever size says; the
-    // extra bytes are the start of the next request.
-    const LoopRun r = run(header(44, 0, 1, 0) + request(0, 2, {}) + header(3, 0, 3, 0));
-    EXPECT_EQ(r.status, ReadLoopStatus::EndOfInput);
-    EXPECT_EQ(r.out, nopReply(1) + nopReply(2) + nopReply(3));
-}
-
-TEST(ReadLoop, UnknownTypesAndMalformedRequestsLeaveNoTrace) {
-    const std::string input = request(9, 1, {}) + request(0xFFFFFFFF, 2, {"a"}) +
-                              request(2, 3, {}) + request(3, 4, {"1", "2"}) +
-                              request(6, 5, {"1", "c", "s", ""}) + request(8, 6, {"1"}) +
-                              request(0, 7, {});
-    const LoopRun r = run(input);
-    EXPECT_EQ(r.status, ReadLoopStatus::EndOfInput);
-    EXPECT_EQ(r.out, nopReply(7));
-}
-
-TEST(ReadLoop, ExitStopsBeforeLaterRequests) {
-    const LoopRun r = run(request(0, 1, {}) + request(1, 2, {"ignored"}) + request(0, 3, {}));
-    EXPECT_EQ(r.status, ReadLoopStatus::ExitRequested);
-    EXPECT_EQ(r.out, nopReply(1));
-}
-
-TEST(ReadLoop, EndOfInputAtEveryPointOfAFrame) {
-    const std::string frame = request(0, 9, {"abc", "de"});
-    for (std::size_t cut = 0; cut <= frame.size(); ++cut) {
-        const LoopRun r = run(request(0, 1, {}) + frame.substr(0, cut));
-        EXPECT_EQ(r.status, ReadLoopStatus::EndOfInput) << cut;
-        EXPECT_EQ(r.out, cut == frame.size() ? nopReply(1) + nopReply(9) : nopReply(1)) << cut;
-    }
-}
-
-TEST(ReadLoop, UnservableAreasAreBadFrames) {
-    struct Case {
-        const char* what;
-        std::uint32_t size;
-    };
-    for (const Case& tc : std::vector<Case>{{"size 0", 0},
-                                            {"size 19", 19},
-                                            {"area one byte over 1 MiB", 20 + READER_MAX_AREA + 1},
-                                            {"huge", 0x7FFFFFFF},
-                                            {"largest", 0xFFFFFFFF}}) {
-        const LoopRun r = run(request(0, 1, {}) + header(tc.size, 0, 2, 1) + "abc" + request(0, 3, {}));
-        EXPECT_EQ(r.status, ReadLoopStatus::BadFrame) << tc.what;
-        EXPECT_EQ(r.out, nopReply(1)) << tc.what;
-    }
-}
-
-TEST(ReadLoop, AreaOfExactlyTheLimitIsServed) {
-    std::string area(READER_MAX_AREA - 1, 'p');
-    area.push_back('\0');
-    const LoopRun r = run(header(20 + READER_MAX_AREA, 0, 5, 1) + area + request(0, 6, {}));
-    EXPECT_EQ(r.status, ReadLoopStatus::EndOfInput);
-    EXPECT_EQ(r.out, nopReply(5) + nopReply(6));
-}
-
 TEST(ReadLoop, SizeTwentyWithArgumentsHasAnEmptyArea) {
     const LoopRun r = run(header(20, 0, 5, 3) + request(0, 6, {}));
     EXPECT_EQ(r.out, nopReply(5) + nopReply(6));
@@ -236,11 +173,6 @@ TEST(ReadLoopDeathTest, EndingsExitWithTheirStatus) {
     EXPECT_EXIT(serveFailing(request(0, 1, {"a"}), 24), testing::ExitedWithCode(255), "^$");
     EXPECT_EXIT(serveBytes(header(19, 0, 1, 1)), testing::ExitedWithCode(255), "^$");
     EXPECT_EXIT(serveBytes(request(1, 1, {})), testing::ExitedWithCode(0), "^$");
-}
-
-TEST(ReadLoop, ServeReturnsAtEndOfInput) {
-    serveBytes(request(0, 1, {}) + "\x01\x02");
-    SUCCEED();
 }
 
 }  // namespace

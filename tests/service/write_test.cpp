@@ -5,8 +5,6 @@
 #include <string>
 
 #include "service/frames.h"
-#include "service/nop.h"
-#include "service/version.h"
 
 namespace alm {
 namespace {
@@ -78,18 +76,6 @@ TEST(ReplyFraming, RecordRepliesTakeTheirSizeFromTheHeaderFields) {
     }
 }
 
-TEST(ReplyFraming, BinaryReplyWithNoRecordsIs24Bytes) {
-    ReplySink sink;
-    auto list = sllCreate();
-    Request reply;
-    reply.id = 1;
-    reply.bytesPerRecord = 512;
-    reply.dataType = 1;
-    reply.dataList = list.get();
-    readerWrite(reply);
-    EXPECT_EQ(sink.bytes().size(), 24u);
-}
-
 TEST(ReplyFraming, StreamedReplies) {
     ReplySink sink;
     readerWriteHeader(0, 0x01020304, 3, 512);
@@ -106,35 +92,6 @@ TEST(ReplyFraming, StreamedHeaderSizeWrapsLikeTheWord) {
     readerWriteHeader(0, -1, -1, 512);
     readerWriteTrailer();
     EXPECT_EQ(sink.bytes(), header(20u + 0xFFFFFFFFu * 512u, 0, 0xFFFFFFFF, 0xFFFFFFFF, 512, 1));
-}
-
-TEST(ReplyFraming, NopReplyIsTheEmptyReply) {
-    ReplySink sink;
-    Request req;
-    req.type = 0;
-    req.id = 0xCAFEF00D;
-    req.numData = 2;
-    req.bytesPerRecord = 9;
-    req.dataType = 3;
-    readerNOP(req);
-    EXPECT_EQ(sink.bytes(), header(20, 0, 0xCAFEF00D, 0, 0, 0));
-}
-
-TEST(Banner, TwoLinesExactly) {
-    int flags = 0;
-    const char* revision = version(&flags);
-    EXPECT_STREQ(revision, " 1.3 ");
-    EXPECT_EQ(flags, 0x408);
-
-    char* data = nullptr;
-    std::size_t size = 0;
-    std::FILE* out = open_memstream(&data, &size);
-    ASSERT_NE(out, nullptr);
-    printBanner(out, ALMREAD_PROGNAME, revision);
-    std::fclose(out);
-    EXPECT_EQ(std::string(data, size),
-              "KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)\nProgram patch revision: 1.3\n");
-    std::free(data);
 }
 
 }  // namespace
