@@ -186,16 +186,6 @@ TEST(Report, OnlySafeConversionsAreExpanded) {
     EXPECT_EQ(format_record_report("%99999999999999d", "f", 1, 1).size(), 64u);
 }
 
-TEST(Report, WritesOneLineOnStandardError) {
-    messages_ready();
-    StderrCapture cap;
-    report_unknown_record(41, 2064, 0x7A7A);
-    const std::string err = cap.text();
-    ASSERT_FALSE(err.empty());
-    EXPECT_EQ(err.back(), '\n');
-    EXPECT_EQ(count_lines(err), 1u);
-}
-
 // Runs only inside the fresh process started below.
 TEST(Report, ChildConvertsAnUnknownCode) {
     if (std::getenv("ALM_REPORT_CHILD") == nullptr) GTEST_SKIP() << "helper for CatalogTextIsExpanded";

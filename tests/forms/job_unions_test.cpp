@@ -88,14 +88,11 @@ TEST_F(V1Job, LongJclWidensTheStringLocation) {
     EXPECT_EQ(js.jcl_loc.st_rec_num, 32768u);
 }
 
-TEST_F(V1Job, AliasTakesTheRealName) {
+TEST_F(V1Job, AliasTakesTheRealNamePlainJobItsScript) {
     read(kAlias, 0, 0);
     EXPECT_EQ(field(out.sj.sj_fname_jname.userjob.real_name), padded("QRSTUVWX", 40));
-}
-
-TEST_F(V1Job, PlainJobKeepsItsScriptName) {
     read(0, 0, 0);
-    EXPECT_EQ(std::string(out.sj.sj_fname_jname.userjob.real_name, 40), padded("ABCDEFGHIJKLMNOPQRSTUVWX", 40));
+    EXPECT_EQ(field(out.sj.sj_fname_jname.userjob.real_name), padded("ABCDEFGHIJKLMNOPQRSTUVWX", 40));
 }
 
 TEST_F(V1Job, SubmitWhenDependsIsMinusOne) {
