@@ -90,16 +90,27 @@ const char* const kThree =
     "schedule C DAILY\njob BACKUP\n"
     "schedule C EMPTY\n";
 
-TEST_F(FindTest, WorkstationsInChainOrder) {
+// Each chain under its patterns; a blank or absent pattern matches all.
+TEST_F(FindTest, PatternsOverEachChain) {
     ASSERT_NE(open_plan(kThree), nullptr);
-    EXPECT_EQ(cpus("@"), (Names{"A", "B", "C"}));
-    EXPECT_EQ(cpus(""), (Names{"A", "B", "C"}));
-    EXPECT_EQ(cpus("   "), (Names{"A", "B", "C"}));
+    for (const char* all : {"@", "", "   ", "?"}) EXPECT_EQ(cpus(all), (Names{"A", "B", "C"})) << all;
     EXPECT_EQ(cpus(nullptr), (Names{"A", "B", "C"}));
     EXPECT_EQ(cpus("B"), (Names{"B"}));
     EXPECT_EQ(cpus("B  "), (Names{"B"}));
-    EXPECT_EQ(cpus("?"), (Names{"A", "B", "C"}));
     EXPECT_EQ(cpus("X@"), Names{});
+
+    EXPECT_EQ(scheds("@", "@"), (Names{"A#DAILY", "B#DAILY", "B#WEEKLY", "C#DAILY", "C#EMPTY"}));
+    EXPECT_EQ(scheds("@", "DAILY"), (Names{"A#DAILY", "B#DAILY", "C#DAILY"}));
+    EXPECT_EQ(scheds("B", "@"), (Names{"B#DAILY", "B#WEEKLY"}));
+    EXPECT_EQ(scheds("?", "W@"), (Names{"B#WEEKLY"}));
+    EXPECT_EQ(scheds("C", "EMPTY"), (Names{"C#EMPTY"}));
+
+    EXPECT_EQ(jobs("@", "@", "@"), (Names{"DAILY.BACKUP", "DAILY.REPORT", "DAILY.BACKUP", "DAILY.CLEAN",
+                                          "DAILY.BATCH", "WEEKLY.BILLING", "DAILY.BACKUP"}));
+    EXPECT_EQ(jobs("@", "@", "BACKUP"), (Names{"DAILY.BACKUP", "DAILY.BACKUP", "DAILY.BACKUP"}));
+    EXPECT_EQ(jobs("B", "@", "B@"), (Names{"DAILY.BACKUP", "DAILY.BATCH", "WEEKLY.BILLING"}));
+    EXPECT_EQ(jobs("B", "DAILY", "?A@"), (Names{"DAILY.BACKUP", "DAILY.BATCH"}));
+    EXPECT_EQ(jobs("C", "EMPTY", "@"), Names{});
 }
 
 TEST_F(FindTest, WorkstationCursorAndChainEnd) {
@@ -150,15 +161,6 @@ TEST_F(FindTest, EmptyChainsRecordError36WithTheKind) {
     EXPECT_EQ(ca->expected_type, SS_CODE);
 }
 
-TEST_F(FindTest, SchedulesByBothNames) {
-    ASSERT_NE(open_plan(kThree), nullptr);
-    EXPECT_EQ(scheds("@", "@"), (Names{"A#DAILY", "B#DAILY", "B#WEEKLY", "C#DAILY", "C#EMPTY"}));
-    EXPECT_EQ(scheds("@", "DAILY"), (Names{"A#DAILY", "B#DAILY", "C#DAILY"}));
-    EXPECT_EQ(scheds("B", "@"), (Names{"B#DAILY", "B#WEEKLY"}));
-    EXPECT_EQ(scheds("?", "W@"), (Names{"B#WEEKLY"}));
-    EXPECT_EQ(scheds("C", "EMPTY"), (Names{"C#EMPTY"}));
-}
-
 // The chain is ordered by workstation: a plain name stops at the first
 // schedule of a greater one and leaves the cursor and buffer there.
 TEST_F(FindTest, PlainWorkstationStopsAtTheFirstGreaterSchedule) {
@@ -197,16 +199,6 @@ TEST_F(FindTest, OnlyAtQuestionPercentCountAsWildcardsForTheStop) {
     EXPECT_EQ(scheds("?B", "S"), (Names{"2B#S", "XB#S"}));
     EXPECT_EQ(scheds("~B", "S"), (Names{"XB#S"}));  // "1A" < "~B": no stop
     EXPECT_EQ(scheds("2B", "S"), (Names{"2B#S"}));
-}
-
-TEST_F(FindTest, JobsAcrossSchedules) {
-    ASSERT_NE(open_plan(kThree), nullptr);
-    EXPECT_EQ(jobs("@", "@", "@"), (Names{"DAILY.BACKUP", "DAILY.REPORT", "DAILY.BACKUP", "DAILY.CLEAN",
-                                          "DAILY.BATCH", "WEEKLY.BILLING", "DAILY.BACKUP"}));
-    EXPECT_EQ(jobs("@", "@", "BACKUP"), (Names{"DAILY.BACKUP", "DAILY.BACKUP", "DAILY.BACKUP"}));
-    EXPECT_EQ(jobs("B", "@", "B@"), (Names{"DAILY.BACKUP", "DAILY.BATCH", "WEEKLY.BILLING"}));
-    EXPECT_EQ(jobs("B", "DAILY", "?A@"), (Names{"DAILY.BACKUP", "DAILY.BATCH"}));
-    EXPECT_EQ(jobs("C", "EMPTY", "@"), Names{});
 }
 
 TEST_F(FindTest, JobCursorWalksChainThenNextSchedule) {

@@ -117,17 +117,5 @@ TEST(PatternMatch, CaseFolding) {
     EXPECT_EQ(c_patternmatch2("[", "{", 1, 1, 1), 0);  // only letters fold
 }
 
-TEST(PatternMatch, PathsForTheFileFinder) {
-    const char* pat = "/home/x/schedlog/M@";
-    auto match = [&](const char* path) {
-        return c_patternmatch(path, pat, static_cast<int>(std::strlen(path)), static_cast<int>(std::strlen(pat)));
-    };
-    EXPECT_NE(match("/home/x/schedlog/M9901010600"), 0);
-    EXPECT_NE(match("/home/x/schedlog/M"), 0);
-    EXPECT_EQ(match("/home/x/schedlog/."), 0);
-    EXPECT_EQ(match("/home/x/schedlog/.."), 0);
-    EXPECT_EQ(match("/home/x/schedlog/X9901010600"), 0);
-}
-
 }  // namespace
 }  // namespace alm
