@@ -279,50 +279,5 @@ TEST(FieldList, CoversEveryLayoutExactly) {
     }
 }
 
-TEST(FieldList, AgreesWithTheLayouts) {
-    const auto kinds = list_fields();
-    auto find = [&](const std::string& kind, const std::string& name) -> ListedField {
-        const auto it = kinds.find(kind);
-        if (it != kinds.end()) {
-            for (const ListedField& f : it->second) {
-                if (f.name == name) return f;
-            }
-        }
-        ADD_FAILURE() << kind << " " << name << " not listed";
-        return {};
-    };
-    struct Expect {
-        const char* kind;
-        const char* name;
-        std::size_t offset;
-        unsigned width, count;
-        const char* type;
-    };
-    const Expect expected[] = {
-        {"header", "sh_alm_version", offsetof(SH_RECTYPE, sh_alm_version), 2, 1, "signed"},
-        {"header", "sh_filler3", offsetof(SH_RECTYPE, sh_filler3), 256, 1, "text"},
-        {"workstation", "sci_domain_name", offsetof(SCI_RECTYPE, sci_domain_name), 16, 1, "text"},
-        {"schedule", "ss_dependencies", offsetof(SS_RECTYPE, ss_dependencies), 4, 40, "unsigned"},
-        {"schedule", "ss_restart_ptr", offsetof(SS_RECTYPE, ss_restart_ptr), 2, 1, "signed"},
-        {"job", "sj_until_time", offsetof(SJ_RECTYPE, sj_until_time), 2, 1, "signed"},
-        {"job", "sj_depend_flags", offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags), 1, 40, "unsigned"},
-        {"job", "sj_dependencies", offsetof(SJ_RECTYPE, subdep.deps.sj_dependencies), 4, 40, "unsigned"},
-        {"job", "jcl_file", offsetof(SJ_RECTYPE, sj_fname_jname.jcl_file), 24, 1, "text"},
-        {"job", "sj_re_for_cpu", offsetof(SJ_RECTYPE, subdep.submit.sj_re_for_cpu), 16, 1, "text"},
-        {"prompt", "sm_message_more", offsetof(SM_RECTYPE, sm_message_more), 120, 1, "text"},
-        {"file", "timer1", offsetof(SF_RECTYPE, sf_timer), 2, 1, "signed"},
-        {"resource", "sr_hold_counts", offsetof(SR_RECTYPE, sr_hold_counts), 2, 32, "signed"},
-        {"calendar", "sc_cal_dates", offsetof(SC_RECTYPE, sc_cal_dates), 4, 118, "signed"},
-        {"string", "next_ptr", offsetof(ST_RECTYPE, st_str_space.subrec.next_ptr), 4, 1, "unsigned"},
-    };
-    for (const Expect& e : expected) {
-        const ListedField f = find(e.kind, e.name);
-        EXPECT_EQ(f.offset, e.offset) << e.kind << " " << e.name;
-        EXPECT_EQ(f.width, e.width) << e.kind << " " << e.name;
-        EXPECT_EQ(f.count, e.count) << e.kind << " " << e.name;
-        EXPECT_EQ(f.type, e.type) << e.kind << " " << e.name;
-    }
-}
-
 }  // namespace
 }  // namespace almtest
