@@ -40,13 +40,6 @@ bool buildPlan(const std::string& description, const std::string& out, bool v1) 
     return ok;
 }
 
-bool synthPlan(const std::string& out, int cpus, int scheds, int jobs) {
-    return test::run_program(test::built_program("almplan"),
-                             {"synth", "--cpus", std::to_string(cpus), "--scheds", std::to_string(scheds), "--jobs",
-                              std::to_string(jobs), out})
-               .status == 0;
-}
-
 std::string catalogText(const std::string& source, int set, int number,
                         const std::vector<std::string>& args) {
     std::ifstream in(source);

@@ -34,8 +34,6 @@ private:
 
 // Writes a plan with `almplan build [--v1] DESC OUT`; false on any failure.
 bool buildPlan(const std::string& description, const std::string& out, bool v1 = false);
-// `almplan synth --cpus C --scheds S --jobs J OUT`.
-bool synthPlan(const std::string& out, int cpus, int scheds, int jobs);
 
 // The text of message `number` of set `set` in a catalog source, with its
 // "!N" inserts replaced by args[N-1]; empty when not found.
