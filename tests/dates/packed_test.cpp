@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <ostream>
 
 #include "dates/date_helpers.h"
 #include "util/dateutil.h"
@@ -113,40 +112,35 @@ TEST(epoch_to_yymmdd, RoundsThenFormats) {
     EXPECT_EQ(epoch_to_yymmdd(utc(1999, 12, 31)), 991231);
 }
 
-struct YymmddCase {
-    const char* zone;
-    std::int32_t d;
-    std::int16_t hhmm;
-    std::int32_t want;
-};
-std::ostream& operator<<(std::ostream& os, const YymmddCase& c) {
-    return os << c.zone << " " << c.d << " at " << c.hhmm;
+TEST(yymmdd_to_epoch, DayEpochPlusTime) {
+    struct Case {
+        const char* zone;
+        std::int32_t d;
+        std::int16_t hhmm;
+        std::int32_t want;
+    };
+    const Case cases[] = {
+        {"UTC", 260305, 0, utc(2026, 3, 5)},
+        {"UTC", 20260305, 1730, utc(2026, 3, 5, 17, 30)},
+        {"UTC", 20240229, 0, utc(2024, 2, 29)},
+        {"UTC", 20230229, 0, utc(2023, 3, 1)},
+        {"UTC", 19991231, -32768, utc(1999, 12, 31)},
+        {"America/New_York", 260305, 0, utc(2026, 3, 5)},
+        {"America/New_York", 260308, 1200, utc(2026, 3, 8, 12)},
+        {"America/New_York", 261101, 0, utc(2026, 11, 1)},
+        {"America/New_York", 20240229, 2359, utc(2024, 2, 29, 23, 59)},
+        // Outside the band the local midnight rounds to the neighbour.
+        {"Pacific/Kiritimati", 260305, 0, utc(2026, 3, 4)},
+        {"Pacific/Pago_Pago", 260305, 0, utc(2026, 3, 6)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.zone << " " << c.d << " at " << c.hhmm);
+        ScopedTz tz(c.zone);
+        std::tm tm{};
+        EXPECT_EQ(yymmdd_to_tm(c.d, c.hhmm, &tm), c.want);
+        EXPECT_EQ(yymmdd_to_epoch(c.d, c.hhmm), c.want);
+    }
 }
-
-class YymmddToEpoch : public ::testing::TestWithParam<YymmddCase> {};
-
-TEST_P(YymmddToEpoch, DayEpochPlusTime) {
-    const auto& c = GetParam();
-    ScopedTz tz(c.zone);
-    std::tm tm{};
-    EXPECT_EQ(yymmdd_to_tm(c.d, c.hhmm, &tm), c.want);
-    EXPECT_EQ(yymmdd_to_epoch(c.d, c.hhmm), c.want);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Zones, YymmddToEpoch,
-    ::testing::Values(YymmddCase{"UTC", 260305, 0, utc(2026, 3, 5)},
-                      YymmddCase{"UTC", 20260305, 1730, utc(2026, 3, 5, 17, 30)},
-                      YymmddCase{"UTC", 20240229, 0, utc(2024, 2, 29)},
-                      YymmddCase{"UTC", 20230229, 0, utc(2023, 3, 1)},
-                      YymmddCase{"UTC", 19991231, -32768, utc(1999, 12, 31)},
-                      YymmddCase{"America/New_York", 260305, 0, utc(2026, 3, 5)},
-                      YymmddCase{"America/New_York", 260308, 1200, utc(2026, 3, 8, 12)},
-                      YymmddCase{"America/New_York", 261101, 0, utc(2026, 11, 1)},
-                      YymmddCase{"America/New_York", 20240229, 2359, utc(2024, 2, 29, 23, 59)},
-                      // Outside the band the local midnight rounds to the neighbour.
-                      YymmddCase{"Pacific/Kiritimati", 260305, 0, utc(2026, 3, 4)},
-                      YymmddCase{"Pacific/Pago_Pago", 260305, 0, utc(2026, 3, 6)}));
 
 TEST(yymmdd_to_tm, BreaksDownTheRoundedDayInUtc) {
     ScopedTz tz("America/New_York");

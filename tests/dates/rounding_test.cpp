@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <ostream>
 #include <vector>
 
 #include "dates/date_helpers.h"
@@ -64,50 +63,44 @@ TEST(DateConversions, NoDateValuesPassThrough) {
     EXPECT_EQ(cal_to_epoch(0x8000), 32768);
 }
 
-// A stored day and the local instant it becomes at a given time of day.
-struct ZoneCase {
-    const char* zone;
-    std::int32_t day;
-    std::int16_t hhmm;
-    std::int32_t local;  // GMT_to_localEpoch(day, hhmm)
-    std::int32_t back;   // local_to_GMTEpoch(local, hhmm)
-};
-std::ostream& operator<<(std::ostream& os, const ZoneCase& c) {
-    return os << c.zone << " day " << c.day << " at " << c.hhmm;
-}
-
-class LocalEpochTest : public ::testing::TestWithParam<ZoneCase> {};
-
-TEST_P(LocalEpochTest, ToLocalAndBack) {
-    const ZoneCase& c = GetParam();
-    ScopedTz tz(c.zone);
-    EXPECT_EQ(GMT_to_localEpoch(c.day, c.hhmm), c.local);
-    EXPECT_EQ(local_to_GMTEpoch(c.local, c.hhmm), c.back);
-}
-
-// Between 10:59 west and 13:00 east a local day maps back to itself; beyond
-// that band (+14, -11) it lands on the neighbouring day.
-INSTANTIATE_TEST_SUITE_P(
-    Zones, LocalEpochTest,
-    ::testing::Values(
-        ZoneCase{"UTC", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 17, 30), utc(2026, 3, 5)},
-        ZoneCase{"UTC", utc(2026, 3, 5), 0, utc(2026, 3, 5), utc(2026, 3, 5)},
-        ZoneCase{"UTC", utc(2026, 3, 5), -32768, utc(2026, 3, 5), utc(2026, 3, 5)},
-        ZoneCase{"America/New_York", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 22, 30), utc(2026, 3, 5)},
-        ZoneCase{"America/New_York", utc(2026, 3, 5), 2359, utc(2026, 3, 6, 4, 59), utc(2026, 3, 5)},
-        ZoneCase{"America/New_York", utc(2026, 3, 7), 1200, utc(2026, 3, 7, 17), utc(2026, 3, 7)},
+// A stored day and the local instant it becomes at a given time of day, and
+// back. Between 10:59 west and 13:00 east a local day maps back to itself;
+// beyond that band (+14, -11) it lands on the neighbouring day.
+TEST(LocalEpoch, ToLocalAndBack) {
+    struct Case {
+        const char* zone;
+        std::int32_t day;
+        std::int16_t hhmm;
+        std::int32_t local;  // GMT_to_localEpoch(day, hhmm)
+        std::int32_t back;   // local_to_GMTEpoch(local, hhmm)
+    };
+    const Case cases[] = {
+        {"UTC", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 17, 30), utc(2026, 3, 5)},
+        {"UTC", utc(2026, 3, 5), 0, utc(2026, 3, 5), utc(2026, 3, 5)},
+        {"UTC", utc(2026, 3, 5), -32768, utc(2026, 3, 5), utc(2026, 3, 5)},
+        {"America/New_York", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 22, 30), utc(2026, 3, 5)},
+        {"America/New_York", utc(2026, 3, 5), 2359, utc(2026, 3, 6, 4, 59), utc(2026, 3, 5)},
+        {"America/New_York", utc(2026, 3, 7), 1200, utc(2026, 3, 7, 17), utc(2026, 3, 7)},
         // Daylight saving starts 2026-03-08 and ends 2026-11-01.
-        ZoneCase{"America/New_York", utc(2026, 3, 8), 1200, utc(2026, 3, 8, 16), utc(2026, 3, 8)},
-        ZoneCase{"America/New_York", utc(2026, 3, 8), 0, utc(2026, 3, 8, 5), utc(2026, 3, 8)},
-        ZoneCase{"America/New_York", utc(2026, 11, 1), 0, utc(2026, 11, 1, 4), utc(2026, 11, 1)},
-        ZoneCase{"America/New_York", utc(2026, 11, 1), 1200, utc(2026, 11, 1, 17), utc(2026, 11, 1)},
-        ZoneCase{"America/New_York", utc(2024, 2, 29), 800, utc(2024, 2, 29, 13), utc(2024, 2, 29)},
-        ZoneCase{"Pacific/Tongatapu", utc(2026, 3, 5), 0, utc(2026, 3, 4, 11), utc(2026, 3, 5)},
-        ZoneCase{"Pacific/Kiritimati", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 3, 30), utc(2026, 3, 4)},
-        ZoneCase{"Pacific/Kiritimati", utc(2026, 3, 5), 0, utc(2026, 3, 4, 10), utc(2026, 3, 4)},
-        ZoneCase{"Pacific/Pago_Pago", utc(2026, 3, 5), 1730, utc(2026, 3, 6, 4, 30), utc(2026, 3, 6)},
-        ZoneCase{"Pacific/Pago_Pago", utc(2026, 3, 5), 0, utc(2026, 3, 5, 11), utc(2026, 3, 6)},
-        ZoneCase{"Pacific/Honolulu", utc(2026, 3, 5), 0, utc(2026, 3, 5, 10), utc(2026, 3, 5)}));
+        {"America/New_York", utc(2026, 3, 8), 1200, utc(2026, 3, 8, 16), utc(2026, 3, 8)},
+        {"America/New_York", utc(2026, 3, 8), 0, utc(2026, 3, 8, 5), utc(2026, 3, 8)},
+        {"America/New_York", utc(2026, 11, 1), 0, utc(2026, 11, 1, 4), utc(2026, 11, 1)},
+        {"America/New_York", utc(2026, 11, 1), 1200, utc(2026, 11, 1, 17), utc(2026, 11, 1)},
+        {"America/New_York", utc(2024, 2, 29), 800, utc(2024, 2, 29, 13), utc(2024, 2, 29)},
+        {"Pacific/Tongatapu", utc(2026, 3, 5), 0, utc(2026, 3, 4, 11), utc(2026, 3, 5)},
+        {"Pacific/Kiritimati", utc(2026, 3, 5), 1730, utc(2026, 3, 5, 3, 30), utc(2026, 3, 4)},
+        {"Pacific/Kiritimati", utc(2026, 3, 5), 0, utc(2026, 3, 4, 10), utc(2026, 3, 4)},
+        {"Pacific/Pago_Pago", utc(2026, 3, 5), 1730, utc(2026, 3, 6, 4, 30), utc(2026, 3, 6)},
+        {"Pacific/Pago_Pago", utc(2026, 3, 5), 0, utc(2026, 3, 5, 11), utc(2026, 3, 6)},
+        {"Pacific/Honolulu", utc(2026, 3, 5), 0, utc(2026, 3, 5, 10), utc(2026, 3, 5)},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(::testing::Message() << c.zone << " day " << c.day << " at " << c.hhmm);
+        ScopedTz tz(c.zone);
+        EXPECT_EQ(GMT_to_localEpoch(c.day, c.hhmm), c.local);
+        EXPECT_EQ(local_to_GMTEpoch(c.local, c.hhmm), c.back);
+    }
+}
 
 TEST(GMT_to_localEpoch, KeepsTheSecondsOfTheStoredValue) {
     ScopedTz tz("UTC");

@@ -19,32 +19,27 @@ struct Values {
     int a = 1, b = 2, c = 3, d = 4;
 };
 
-TEST(Sll, AppendKeepsInsertionOrderAndDuplicates) {
+TEST(Sll, AppendKeepsOrderAndDuplicatesGetNextTakesTheFirstOccurrence) {
     Values v;
     auto list = sllCreate();
-    sllAddNode(list.get(), &v.a);
-    sllAddNode(list.get(), &v.b);
-    sllAddNode(list.get(), &v.a);
-    sllAddNode(list.get(), nullptr);
-    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.a, &v.b, &v.a, nullptr}));
+    for (int* p : {&v.a, &v.b, &v.a, static_cast<int*>(nullptr), &v.c}) sllAddNode(list.get(), p);
+    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.a, &v.b, &v.a, nullptr, &v.c}));
     EXPECT_EQ(sllGetFirst(list.get()), &v.a);
-    EXPECT_EQ(list->last->data, nullptr);
-}
-
-TEST(Sll, GetNextAnswersTheSuccessorOfTheFirstOccurrence) {
-    Values v;
-    auto list = sllCreate();
-    for (int* p : {&v.a, &v.b, &v.a, &v.c}) sllAddNode(list.get(), p);
+    EXPECT_EQ(list->last->data, &v.c);
     EXPECT_EQ(sllGetNext(list.get(), &v.a), &v.b);
     EXPECT_EQ(sllGetNext(list.get(), &v.b), &v.a);
     EXPECT_EQ(sllGetNext(list.get(), &v.c), nullptr);  // tail
     EXPECT_EQ(sllGetNext(list.get(), &v.d), nullptr);  // absent
 }
 
-TEST(Sll, RemoveOnlyValueEmptiesAndAppendRefills) {
+TEST(Sll, RemoveTakesTheFirstOccurrenceEmptiesAndAppendRefills) {
     Values v;
     auto list = sllCreate();
-    sllAddNode(list.get(), &v.a);
+    for (int* p : {&v.a, &v.b, &v.a}) sllAddNode(list.get(), p);
+    sllRemoveNode(list.get(), &v.d);  // absent: nothing changes
+    sllRemoveNode(list.get(), &v.a);  // the first occurrence only
+    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.b, &v.a}));
+    sllRemoveNode(list.get(), &v.b);
     sllRemoveNode(list.get(), &v.a);
     EXPECT_EQ(list->first, nullptr);
     EXPECT_EQ(list->last, nullptr);
@@ -73,15 +68,6 @@ TEST(Sll, RemoveAtEachPositionRelinks) {
         EXPECT_EQ(walk(list.get()), want) << "removed index " << tc.removeIndex;
         EXPECT_EQ(list->last->data, &extra);
     }
-}
-
-TEST(Sll, RemoveTakesOnlyTheFirstOccurrenceAndIgnoresAbsentValues) {
-    Values v;
-    auto list = sllCreate();
-    for (int* p : {&v.a, &v.b, &v.a}) sllAddNode(list.get(), p);
-    sllRemoveNode(list.get(), &v.d);
-    sllRemoveNode(list.get(), &v.a);
-    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.b, &v.a}));
 }
 
 TEST(Sll, NullListsAreHarmless) {
