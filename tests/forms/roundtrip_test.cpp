@@ -196,29 +196,5 @@ TEST(V2Read, NoDateValuesWhateverTheTime) {
     }
 }
 
-// Outside the band of zones the stored local day lands on a neighbour.
-TEST(V2Read, FarZonesShiftTheDay) {
-    struct Case {
-        const char* zone;
-        std::int32_t stored;
-        std::int32_t want;
-    };
-    const Case cases[] = {
-        {"Pacific/Kiritimati", utc(2026, 3, 4, 10), utc(2026, 3, 4)},  // local 2026-03-05 00:00
-        {"Pacific/Pago_Pago", utc(2026, 3, 5, 11), utc(2026, 3, 6)},   // local 2026-03-05 00:00
-        {"Pacific/Tongatapu", utc(2026, 3, 4, 11), utc(2026, 3, 5)},   // local 2026-03-05 00:00
-    };
-    for (const auto& c : cases) {
-        ScopedTz tz(c.zone);
-        ALMRECTYPE_INT in;
-        std::memset(in.bytes, 0, sizeof in.bytes);
-        put16(&in, 0, static_cast<std::uint16_t>(SH_CODE));
-        put32(&in, 124, static_cast<std::uint32_t>(c.stored));  // sh_sched_date
-        ALMRECTYPE ext;
-        ASSERT_EQ(alm_i_2_e(&in, &ext, 1), 0);
-        EXPECT_EQ(ext.sh.sh_sched_date, c.want) << c.zone;
-    }
-}
-
 }  // namespace
 }  // namespace alm
