@@ -138,15 +138,6 @@ TEST_F(PathsTest, QualFilenameWithTheEffectiveUsersPrefix) {
     EXPECT_EQ(qualify("pla", 11), std::make_pair(std::string("/home/u/pla"), short{11}));
 }
 
-TEST_F(PathsTest, AbsoluteAndRelativePredicates) {
-    EXPECT_TRUE(is_absolute_path("/x"));
-    EXPECT_FALSE(is_absolute_path("x/y"));
-    EXPECT_FALSE(is_absolute_path(""));
-    EXPECT_TRUE(is_relative_path("x/y"));
-    EXPECT_TRUE(is_relative_path("/x"));
-    EXPECT_FALSE(is_relative_path("almread"));
-}
-
 TEST_F(PathsTest, Mkhomedir) {
     struct Case {
         const char* in;
