@@ -51,14 +51,6 @@ int open_fd_count() {
     return n;
 }
 
-TEST(Finder, ComparatorsAreByteWise) {
-    EXPECT_LT(compare_filenames("M9901010600", "M9902010600"), 0);
-    EXPECT_GT(compare_filenames("M\xff", "M1"), 0);  // unsigned bytes
-    EXPECT_EQ(compare_filenames("abc", "abc"), 0);
-    EXPECT_GT(compare_filenames_reverse("M9901010600", "M9902010600"), 0);
-    EXPECT_LT(compare_filenames_reverse("M\xff", "M1"), 0);
-}
-
 TEST(Finder, OrderAndSelection) {
     TempDir d;
     for (const char* n : {"M9901010600", "M9902010600", "M9901020600", "Ma", "M", "m9901010600",
