@@ -1,6 +1,5 @@
 // Formatting into a buffer: argument types, placeholders, codes, fallbacks.
 #include <cerrno>
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <string>
@@ -98,9 +97,13 @@ TEST_F(FormatTest, EachArgumentTypeGivesItsText) {
         {"job", [] { return text_of(2005, 1, MSG_JOBNUM, 1234, MSG_END); }, "[#J1234]"},
         {"job bit 30", [] { return text_of(2005, 1, MSG_JOBNUM, 0x40000000 | 77, MSG_END); }, "[#S77]"},
         {"job negated", [] { return text_of(2005, 1, MSG_JOBNUM, -5, MSG_END); }, "[#J5]"},
+        {"job zero", [] { return text_of(2005, 1, MSG_JOBNUM, 0, MSG_END); }, "[#J0]"},
+        {"job top bits", [] { return text_of(2005, 1, MSG_JOBNUM, static_cast<int>(0xF0000000u), MSG_END); },
+         "[#J268435456]"},
         {"hhmm", [] { return text_of(2005, 1, MSG_HHMM, 930, MSG_END); }, "[9:30]"},
         {"hhmm evening", [] { return text_of(2005, 1, MSG_HHMM, 1705, MSG_END); }, "[17:05]"},
         {"ip", [] { return text_of(2005, 1, MSG_IPADDR, 0xC0A80A01u, MSG_END); }, "[192.168.10.1]"},
+        {"widest ip", [] { return text_of(2005, 1, MSG_IPADDR, 0xFFFFFFFFu, MSG_END); }, "[255.255.255.255]"},
         {"no arguments", [] { return text_of(2005, 1, MSG_END); }, "[]"},
     };
     std::vector<std::function<std::string()>> calls;
@@ -251,31 +254,6 @@ TEST_F(FormatTest, StateStartsWithItsDefaults) {
         return std::string(line);
     }});
     EXPECT_EQ(got, (std::vector<std::string>{"1 64 78 0 -1 0 none"}));
-}
-
-TEST(FormatHelpers, JobNumbersAndAddresses) {
-    struct JobCase {
-        int value;
-        const char* text;
-    };
-    const JobCase jobs[] = {
-        {0, "#J0"},
-        {1234, "#J1234"},
-        {0x40000000 | 5, "#S5"},
-        {static_cast<int>(0xF0000000u), "#J268435456"},
-        {-1, "#J1"},
-    };
-    for (const auto& c : jobs) {
-        char out[32];
-        short n = im_fmt_jobnum(c.value, out);
-        EXPECT_STREQ(out, c.text) << c.value;
-        EXPECT_EQ(n, static_cast<short>(std::strlen(c.text)));
-    }
-    char ip[32];
-    EXPECT_EQ(im_fmt_ip_addr(0x7F000001u, ip), 9);
-    EXPECT_STREQ(ip, "127.0.0.1");
-    EXPECT_EQ(im_fmt_ip_addr(0xFFFFFFFFu, ip), 15);
-    EXPECT_STREQ(ip, "255.255.255.255");
 }
 
 }  // namespace
