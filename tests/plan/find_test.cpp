@@ -18,6 +18,12 @@ std::string field(const char* f, std::size_t n) {
     return s.substr(0, s.find_last_not_of(' ') + 1);
 }
 
+using Names = std::vector<std::string>;
+
+std::string cpu_name(const SCI_RECTYPE& r) { return field(r.sci_cpu_id, 16); }
+std::string sched_name(const SS_RECTYPE& r) { return field(r.ss_cpu_id, 16) + "#" + field(r.ss_sched_name, 16); }
+std::string job_name(const SJ_RECTYPE& r) { return field(r.sj_schedule, 16) + "." + field(r.sj_job_name, 40); }
+
 class FindTest : public ::testing::Test {
 protected:
     test::TempDir dir;
@@ -40,44 +46,35 @@ protected:
         return session.get();
     }
 
-    std::vector<std::string> cpus(const char* pat) {
-        std::vector<std::string> out;
-        SCI_RECTYPE rec{};
+    // Every match of one walk from a fresh cursor, each record carrying the
+    // number the walk returned; to_end: the cursor must end the chain.
+    template <class Rec, class Find>
+    Names walk(Find find, std::uint32_t Rec::*num, std::string (*name)(const Rec&), bool to_end) {
+        Names out;
+        Rec rec{};
         std::uint32_t cur = 0;
-        for (std::uint32_t n; (n = alm_find_cpu(session.get(), pat, cur, &rec)) != NULL_REC;) {
-            EXPECT_EQ(n, rec.sci_rec_num);
-            out.push_back(field(rec.sci_cpu_id, 16));
-            if (out.size() > 1000) break;
+        for (std::uint32_t n; out.size() <= 1000 && (n = find(cur, &rec)) != NULL_REC;) {
+            EXPECT_EQ(n, rec.*num);
+            out.push_back(name(rec));
         }
-        EXPECT_EQ(cur, NULL_REC);
-        return out;
-    }
-    std::vector<std::string> scheds(const char* cpu, const char* sched) {
-        std::vector<std::string> out;
-        SS_RECTYPE rec{};
-        std::uint32_t cur = 0;
-        for (std::uint32_t n; (n = alm_find_sched(session.get(), cpu, sched, cur, &rec)) != NULL_REC;) {
-            EXPECT_EQ(n, rec.ss_rec_num);
-            out.push_back(field(rec.ss_cpu_id, 16) + "#" + field(rec.ss_sched_name, 16));
-            if (out.size() > 1000) break;
+        if (to_end) {
+            EXPECT_EQ(cur, NULL_REC);
         }
         return out;
     }
-    std::vector<std::string> jobs(const char* cpu, const char* sched, const char* job) {
-        std::vector<std::string> out;
-        SJ_RECTYPE rec{};
-        std::uint32_t cur = 0;
-        for (std::uint32_t n; (n = alm_find_job(session.get(), cpu, sched, job, cur, &rec)) != NULL_REC;) {
-            EXPECT_EQ(n, rec.sj_rec_num);
-            out.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
-            if (out.size() > 1000) break;
-        }
-        EXPECT_EQ(cur, NULL_REC);
-        return out;
+    Names cpus(const char* pat) {
+        return walk([&](std::uint32_t& c, SCI_RECTYPE* r) { return alm_find_cpu(session.get(), pat, c, r); },
+                    &SCI_RECTYPE::sci_rec_num, cpu_name, true);
+    }
+    Names scheds(const char* cpu, const char* sched) {
+        return walk([&](std::uint32_t& c, SS_RECTYPE* r) { return alm_find_sched(session.get(), cpu, sched, c, r); },
+                    &SS_RECTYPE::ss_rec_num, sched_name, false);
+    }
+    Names jobs(const char* cpu, const char* sched, const char* job) {
+        return walk([&](std::uint32_t& c, SJ_RECTYPE* r) { return alm_find_job(session.get(), cpu, sched, job, c, r); },
+                    &SJ_RECTYPE::sj_rec_num, job_name, true);
     }
 };
-
-using Names = std::vector<std::string>;
 
 // Workstations A, B, C (records 1 to 3), then each schedule and its jobs:
 // 4 A/DAILY (5 BACKUP, 6 REPORT), 7 B/DAILY (8 BACKUP, 9 CLEAN, 10 BATCH),
@@ -301,11 +298,11 @@ TEST_F(FindTest, InterleavedJobWalksDoNotDisturbEachOther) {
     while (more_daily || more_b) {
         if (more_daily) {
             more_daily = alm_find_job(ca, "@", "DAILY", "@", cur_daily, &rec) != NULL_REC;
-            if (more_daily) got_daily.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
+            if (more_daily) got_daily.push_back(job_name(rec));
         }
         if (more_b) {
             more_b = alm_find_job(ca, "B", "@", "@", cur_b, &rec) != NULL_REC;
-            if (more_b) got_b.push_back(field(rec.sj_schedule, 16) + "." + field(rec.sj_job_name, 40));
+            if (more_b) got_b.push_back(job_name(rec));
         }
         ASSERT_LT(got_daily.size() + got_b.size(), 100u);
     }
