@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "client/almclient.h"
@@ -308,6 +309,15 @@ TEST_F(Files, PathsLongerThan1024CharactersGetNoReply) {
     const auto items = openPlan(client_, path, 72);
     EXPECT_EQ(items[0], "35");
     EXPECT_EQ(items[2], "0");
+    expectCleanEnd(client_);
+}
+
+TEST_F(Files, WrongArgumentCountsGetNoReply) {
+    const std::vector<std::pair<std::uint32_t, std::vector<std::string>>> requests = {
+        {2, {}}, {2, {plan_, plan_}}, {3, {}}, {3, {"1", "2"}}};
+    for (const auto& [type, args] : requests) ASSERT_OK(client_.send(type, 40, args));
+    expectNopNext(client_, 41);
+    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);  // nothing was opened
     expectCleanEnd(client_);
 }
 

@@ -166,6 +166,7 @@ TEST_F(Listings, NameWidthFollowsTheLastOpenedPlan) {
     EXPECT_TRUE(server_.nextIsNop(31));
 
     ASSERT_FALSE(server_.open(plan_).empty());
+    EXPECT_TRUE(server_.open(v1_ + ".missing").empty());  // a failed open changes nothing
     const Listing again = readListing(server_, 32, {handle_, "A", "VERYLONGSCHED", "@"}, 2);
     EXPECT_EQ(again.header.numData, 2u);
 }
