@@ -1,17 +1,22 @@
-// benchdriver: times one request/reply exchange with almread, or the same
+// benchdriver: times request/reply exchanges with almread, or the same
 // traffic through cat, which is what a pipe can do at best. One line of
 // key=value results per run on stdout; bench/run gathers them.
 //
-//   benchdriver query ALMREAD PLAN TYPE [ARG...]   one query on a fresh server
-//   benchdriver pipe FILE                           FILE's bytes through cat
-//   benchdriver nop ALMREAD COUNT                   no-operation round trips
-//   benchdriver echo COUNT                          24-byte round trips through cat
-//   benchdriver needle PLAN OUT                     PLAN with its last job renamed NEEDLE
+//   benchdriver query ALMREAD PLAN TYPE [ARG...]       one query on a fresh server
+//   benchdriver pipe FILE                               FILE's bytes through cat
+//   benchdriver many N ALMREAD PLAN TYPE [ARG...]       N servers, one query each, at once
+//   benchdriver manycat N FILE                          N cats of FILE, at once
+//   benchdriver nop ALMREAD COUNT                       no-operation round trips
+//   benchdriver echo COUNT                              24-byte round trips through cat
+//   benchdriver needle PLAN OUT                         PLAN with its last job renamed NEEDLE
 //
-// Options before the command: --reserve BYTES pre-faults a reply buffer of
-// that size so that page faults stay out of the timing; --save FILE writes
-// the reply body there (query only).
+// Every reply, and every cat's output, is drained through one reused 1 MiB
+// buffer (faulted in before the timing), over pipes of the default size.
+// Options before the command: --save FILE writes the whole reply there
+// (query); --expect FILE checks every reply byte for byte against FILE
+// (query, many).
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -20,6 +25,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -38,6 +44,7 @@ namespace alm {
 namespace {
 
 constexpr std::size_t kHeaderBytes = 24;
+constexpr std::size_t kDrainBytes = 1u << 20;
 constexpr char kGreeting[] = "AlmRead Lives";
 
 [[noreturn]] void die(const std::string& what) {
@@ -81,13 +88,12 @@ struct Child {
     pid_t pid = -1;
     int in = -1;   // we write its stdin
     int out = -1;  // we read its stdout
+    double cpuSeconds = 0;  // known once finish() has reaped it
 
     void closeInput() {
         if (in >= 0) ::close(in);
         in = -1;
     }
-    // CPU seconds the child used, known once finish() has reaped it.
-    double cpuSeconds = 0;
 
     // Exit status after its input is closed; its output is drained first.
     int finish() {
@@ -141,40 +147,107 @@ std::string request(std::uint32_t type, std::uint32_t id, const std::vector<std:
     return std::string(reinterpret_cast<const char*>(header), kHeaderBytes) + area;
 }
 
-struct Header {
-    std::uint32_t size, type, id, numData, bytesPerRecord, dataType;
-};
-
-Header decode(const unsigned char* b) {
-    return {load_be32(b), load_be32(b + 4), load_be32(b + 8), load_be32(b + 12), load_be32(b + 16), load_be32(b + 20)};
-}
-
-// The reply buffer: pre-faulted up to the reserve, grown (and faulted
-// inside the timing) only when a reply is larger.
-class Buffer {
+// A read-only mapping of a whole file (empty when the file is).
+class MappedFile {
 public:
-    explicit Buffer(std::size_t reserve) { grow(reserve); }
-    ~Buffer() {
+    explicit MappedFile(const std::string& path) {
+        const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        struct stat st {};
+        if (fd < 0 || ::fstat(fd, &st) != 0) die("open " + path);
+        size_ = static_cast<std::size_t>(st.st_size);
+        if (size_ > 0) {
+            data_ = ::mmap(nullptr, size_, PROT_READ, MAP_SHARED, fd, 0);
+            if (data_ == MAP_FAILED) die("mmap " + path);
+        }
+        ::close(fd);
+    }
+    ~MappedFile() {
         if (data_ != MAP_FAILED) ::munmap(data_, size_);
     }
-    Buffer(const Buffer&) = delete;
-    Buffer& operator=(const Buffer&) = delete;
-    unsigned char* get(std::size_t need) {
-        if (need > size_) grow(need);
-        return static_cast<unsigned char*>(data_);
-    }
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+    const unsigned char* data() const { return static_cast<const unsigned char*>(data_); }
+    std::size_t size() const { return size_; }
 
 private:
-    void grow(std::size_t need) {
-        if (need == 0) need = 1;
-        if (data_ != MAP_FAILED) ::munmap(data_, size_);
-        data_ = ::mmap(nullptr, need, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
-        if (data_ == MAP_FAILED) die("mmap");
-        size_ = need;
-    }
     void* data_ = MAP_FAILED;
     std::size_t size_ = 0;
 };
+
+// The one drain buffer, faulted in before anything is timed.
+unsigned char* drainBuffer() {
+    static unsigned char* buffer = [] {
+        void* p = ::mmap(nullptr, kDrainBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE,
+                         -1, 0);
+        if (p == MAP_FAILED) die("mmap");
+        std::memset(p, 1, kDrainBytes);
+        return static_cast<unsigned char*>(p);
+    }();
+    return buffer;
+}
+
+// One stream being drained: a server's reply (its length known from its
+// header) or cat's output (known in advance).
+struct Stream {
+    int fd = -1;
+    bool framed = true;
+    std::size_t total = 0;  // framed: known once the header is in
+    std::size_t got = 0;
+    unsigned char head[kHeaderBytes] = {};
+    std::FILE* save = nullptr;
+    const MappedFile* expect = nullptr;
+    bool differs = false;
+    bool ended = false;  // end of input before the whole reply
+
+    bool done() const { return ended || ((!framed || got >= kHeaderBytes) && got >= total); }
+    std::uint32_t word(int i) const { return load_be32(head + 4 * i); }
+};
+
+void consume(Stream& s, const unsigned char* data, std::size_t n) {
+    for (std::size_t i = 0; s.framed && s.got + i < kHeaderBytes && i < n; ++i) s.head[s.got + i] = data[i];
+    if (s.save && std::fwrite(data, 1, n, s.save) != n) die("cannot save the reply");
+    if (s.expect) {
+        const std::size_t have = s.expect->size();
+        if (s.got + n > have || std::memcmp(s.expect->data() + s.got, data, n) != 0) s.differs = true;
+    }
+    s.got += n;
+    if (s.framed && s.got >= kHeaderBytes && s.total == 0) s.total = 4 + static_cast<std::size_t>(s.word(0));
+}
+
+// One read into the drain buffer; false once the stream is done.
+bool drainStep(Stream& s) {
+    const ssize_t n = ::read(s.fd, drainBuffer(), kDrainBytes);
+    if (n < 0 && errno == EINTR) return true;
+    if (n < 0) die("read");
+    if (n == 0) s.ended = true;
+    else consume(s, drainBuffer(), static_cast<std::size_t>(n));
+    return !s.done();
+}
+
+// Drains every stream to its end; one stream is read without poll.
+void drainAll(std::vector<Stream>& streams) {
+    if (streams.size() == 1) {
+        while (drainStep(streams[0])) {
+        }
+        return;
+    }
+    std::vector<pollfd> fds;
+    for (;;) {
+        fds.clear();
+        for (const Stream& s : streams)
+            if (!s.done()) fds.push_back({s.fd, POLLIN, 0});
+        if (fds.empty()) return;
+        if (::poll(fds.data(), fds.size(), -1) < 0) {
+            if (errno == EINTR) continue;
+            die("poll");
+        }
+        for (const pollfd& p : fds) {
+            if (p.revents == 0) continue;
+            for (Stream& s : streams)
+                if (s.fd == p.fd) drainStep(s);
+        }
+    }
+}
 
 // Peak resident memory of a live process, in KiB, from its status file.
 long highWaterKiB(pid_t pid) {
@@ -191,29 +264,20 @@ void expectGreeting(Child& server) {
         die("no greeting from the server");
 }
 
-// Reads one whole reply; the body lands in buffer.
-Header readReply(Child& server, Buffer& buffer, unsigned char** body) {
-    unsigned char raw[kHeaderBytes];
-    if (!readAll(server.out, raw, sizeof raw)) die("server ended before its reply");
-    const Header h = decode(raw);
-    if (h.size < 20) die("bad reply size");
-    const std::size_t length = h.size - 20;
-    *body = buffer.get(length);
-    if (!readAll(server.out, *body, length)) die("server ended inside its reply");
-    return h;
-}
-
+// Opens the plan on a greeted server; returns the handle.
 std::string openPlan(Child& server, const std::string& plan) {
     const std::string req = request(2, 1, {plan});
     writeAll(server.in, req.data(), req.size());
-    Buffer small(4096);
-    unsigned char* body = nullptr;
-    const Header h = readReply(server, small, &body);
+    unsigned char raw[kHeaderBytes];
+    if (!readAll(server.out, raw, sizeof raw)) die("server ended before its reply");
+    const std::size_t length = load_be32(raw) - 20;
+    std::string body(length, '\0');
+    if (length > 4096 || !readAll(server.out, body.data(), length)) die("bad reply to open");
     std::vector<std::string> items;
     std::size_t start = 0;
-    for (std::size_t i = 0; i < h.size - 20; ++i) {
+    for (std::size_t i = 0; i < body.size(); ++i) {
         if (body[i] == '\0') {
-            items.emplace_back(reinterpret_cast<const char*>(body) + start, i - start);
+            items.push_back(body.substr(start, i - start));
             start = i + 1;
         }
     }
@@ -222,57 +286,99 @@ std::string openPlan(Child& server, const std::string& plan) {
     return items[2];
 }
 
-int cmdQuery(const std::vector<std::string>& a, std::size_t reserve, const std::string& save) {
-    if (a.size() < 3) die("query ALMREAD PLAN TYPE [ARG...]");
-    Child server = spawn({a[0]});
-    expectGreeting(server);
-    const std::string handle = openPlan(server, a[1]);
-    std::vector<std::string> args{handle};
-    args.insert(args.end(), a.begin() + 3, a.end());
-    const std::string req = request(static_cast<std::uint32_t>(std::stoul(a[2])), 7, args);
+struct Options {
+    std::string save;
+    std::string expect;
+};
 
-    Buffer buffer(reserve);
-    unsigned char* body = nullptr;
-    const double t0 = now();
-    writeAll(server.in, req.data(), req.size());
-    const Header h = readReply(server, buffer, &body);
-    const double t1 = now();
+// Servers started, greeted and with the plan open, and their requests.
+struct Servers {
+    std::vector<Child> children;
+    std::vector<std::string> requests;
+};
 
-    const long hwm = highWaterKiB(server.pid);
-    const std::size_t bytes = kHeaderBytes + (h.size - 20);
-    if (!save.empty()) {
-        std::ofstream f(save, std::ios::binary);
-        f.write(reinterpret_cast<const char*>(body), static_cast<std::streamsize>(h.size - 20));
-        if (!f) die("cannot write " + save);
+Servers startServers(std::size_t count, const std::vector<std::string>& a) {
+    if (a.size() < 3) die("ALMREAD PLAN TYPE [ARG...]");
+    Servers s;
+    for (std::size_t i = 0; i < count; ++i) {
+        s.children.push_back(spawn({a[0]}));
+        expectGreeting(s.children.back());
+        std::vector<std::string> args{openPlan(s.children.back(), a[1])};
+        args.insert(args.end(), a.begin() + 3, a.end());
+        s.requests.push_back(request(static_cast<std::uint32_t>(std::stoul(a[2])), 7, args));
     }
-    const int status = server.finish();
-    std::printf("bytes=%zu records=%u seconds=%.6f hwm_kib=%ld cpu=%.6f status=%d\n", bytes, h.numData, t1 - t0,
-                hwm, server.cpuSeconds, WIFEXITED(status) ? WEXITSTATUS(status) : -1);
+    return s;
+}
+
+// Sends every request, drains every reply; prints the totals.
+int runServers(std::size_t count, const std::vector<std::string>& a, const Options& o) {
+    Servers s = startServers(count, a);
+    std::unique_ptr<MappedFile> expect;
+    if (!o.expect.empty()) expect = std::make_unique<MappedFile>(o.expect);
+    std::FILE* save = o.save.empty() ? nullptr : std::fopen(o.save.c_str(), "wb");
+    if (!o.save.empty() && !save) die("cannot write " + o.save);
+    std::vector<Stream> streams(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        streams[i].fd = s.children[i].out;
+        streams[i].expect = expect.get();
+        streams[i].save = i == 0 ? save : nullptr;
+    }
+    drainBuffer();
+    const double t0 = now();
+    for (std::size_t i = 0; i < count; ++i) writeAll(s.children[i].in, s.requests[i].data(), s.requests[i].size());
+    drainAll(streams);
+    const double t1 = now();
+    if (save && std::fclose(save) != 0) die("cannot write " + o.save);
+
+    long hwm = 0;
+    for (const Child& c : s.children) hwm = std::max(hwm, highWaterKiB(c.pid));
+    std::size_t bytes = 0, lost = 0, differ = 0, errors = 0;
+    double cpu = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes += streams[i].got;
+        lost += streams[i].ended ? 1 : 0;
+        differ += (streams[i].differs || (expect && streams[i].got != expect->size())) ? 1 : 0;
+        const int status = s.children[i].finish();
+        errors += (!WIFEXITED(status) || WEXITSTATUS(status) != 0) ? 1 : 0;
+        cpu += s.children[i].cpuSeconds;
+    }
+    std::printf("bytes=%zu records=%u seconds=%.6f hwm_kib=%ld cpu=%.6f lost=%zu differ=%zu errors=%zu\n", bytes,
+                streams[0].word(3), t1 - t0, hwm, cpu, lost, differ, errors);
     return 0;
 }
 
-// The file's bytes come out of cat after a 24-byte frame that it echoes
-// first, the counterpart of a request header; the timing starts when cat is
-// known to be running and ends when the last byte is in the buffer.
-int cmdPipe(const std::vector<std::string>& a, std::size_t reserve) {
-    if (a.size() != 1) die("pipe FILE");
+// Each cat sends a 24-byte frame that it echoes first, the counterpart of a
+// request, then the file; the timing starts once every cat is known to be
+// running and ends when the last byte is drained.
+int runCats(std::size_t count, const std::string& file) {
     struct stat st {};
-    if (::stat(a[0].c_str(), &st) != 0) die("stat " + a[0]);
-    const auto length = static_cast<std::size_t>(st.st_size);
-    Child cat = spawn({"/bin/cat", "-", a[0]});
+    if (::stat(file.c_str(), &st) != 0) die("stat " + file);
     const std::string frame = request(0, 1, {});
-    unsigned char echoed[kHeaderBytes];
-    writeAll(cat.in, frame.data(), frame.size());
-    if (!readAll(cat.out, echoed, sizeof echoed)) die("cat ended");
-
-    Buffer buffer(reserve > length ? reserve : length);
-    unsigned char* body = buffer.get(length);
+    std::vector<Child> cats;
+    std::vector<Stream> streams(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        cats.push_back(spawn({"/bin/cat", "-", file}));
+        unsigned char echoed[kHeaderBytes];
+        writeAll(cats.back().in, frame.data(), frame.size());
+        if (!readAll(cats.back().out, echoed, sizeof echoed)) die("cat ended");
+        streams[i].fd = cats.back().out;
+        streams[i].framed = false;
+        streams[i].total = static_cast<std::size_t>(st.st_size);
+    }
+    drainBuffer();
     const double t0 = now();
-    cat.closeInput();
-    if (!readAll(cat.out, body, length)) die("cat ended early");
+    for (Child& c : cats) c.closeInput();
+    drainAll(streams);
     const double t1 = now();
-    cat.finish();
-    std::printf("bytes=%zu seconds=%.6f cpu=%.6f\n", length + kHeaderBytes, t1 - t0, cat.cpuSeconds);
+    std::size_t bytes = 0, lost = 0;
+    double cpu = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        bytes += streams[i].got;
+        lost += streams[i].ended ? 1 : 0;
+        cats[i].finish();
+        cpu += cats[i].cpuSeconds;
+    }
+    std::printf("bytes=%zu seconds=%.6f cpu=%.6f lost=%zu\n", bytes, t1 - t0, cpu, lost);
     return 0;
 }
 
@@ -329,6 +435,12 @@ int cmdNeedle(const std::vector<std::string>& a) {
     return 0;
 }
 
+std::size_t countOf(const std::string& n) {
+    const unsigned long v = std::stoul(n);
+    if (v < 1 || v > 256) die("a count of 1 to 256 clients");
+    return v;
+}
+
 }  // namespace
 }  // namespace alm
 
@@ -336,20 +448,20 @@ int main(int argc, char** argv) {
     using namespace alm;
     std::signal(SIGPIPE, SIG_IGN);
     std::vector<std::string> a(argv + 1, argv + argc);
-    std::size_t reserve = 0;
-    std::string save;
-    while (a.size() >= 2 && (a[0] == "--reserve" || a[0] == "--save")) {
-        if (a[0] == "--reserve") reserve = std::stoull(a[1]);
-        else save = a[1];
+    Options o;
+    while (a.size() >= 2 && (a[0] == "--save" || a[0] == "--expect")) {
+        (a[0] == "--save" ? o.save : o.expect) = a[1];
         a.erase(a.begin(), a.begin() + 2);
     }
-    if (a.empty()) die("command: query, pipe, nop, echo or needle");
+    if (a.empty()) die("command: query, pipe, many, manycat, nop, echo or needle");
     const std::string cmd = a[0];
     a.erase(a.begin());
-    if (cmd == "query") return cmdQuery(a, reserve, save);
-    if (cmd == "pipe") return cmdPipe(a, reserve);
+    if (cmd == "query") return runServers(1, a, o);
+    if (cmd == "pipe" && a.size() == 1) return runCats(1, a[0]);
+    if (cmd == "many" && !a.empty()) return runServers(countOf(a[0]), {a.begin() + 1, a.end()}, o);
+    if (cmd == "manycat" && a.size() == 2) return runCats(countOf(a[0]), a[1]);
     if (cmd == "nop") return cmdNop(a);
     if (cmd == "echo") return cmdEcho(a);
     if (cmd == "needle") return cmdNeedle(a);
-    die("unknown command " + cmd);
+    die("unknown command or arguments: " + cmd);
 }
