@@ -1,5 +1,8 @@
 #include "service/write.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstring>
 
 #include "util/endian.h"
@@ -47,7 +50,20 @@ std::FILE* readerSetOutput(std::FILE* stream) {
     return previous;
 }
 
-void readerInitOutput() { std::setvbuf(stdout, nullptr, _IOFBF, REPLY_BUFFER_BYTES); }
+void readerInitOutput() {
+    // The C library sizes a buffer it allocates itself by the descriptor's
+    // block size (4 KiB on a pipe), whatever size is asked for: a long reply
+    // would cost a system call every 4 KiB. Pages of this one that a short
+    // reply never reaches are never touched.
+    static char buffer[REPLY_BUFFER_BYTES];
+    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
+#ifdef F_SETPIPE_SZ
+    // A larger pipe takes a whole buffer in one write and lets the reader
+    // take as much in one read; where it cannot be had the default serves.
+    if (::fcntl(STDOUT_FILENO, F_GETPIPE_SZ) > 0)
+        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(REPLY_BUFFER_BYTES));
+#endif
+}
 
 void readerWrite(const Request& reply) {
     // Sizes wrap in 32 bits, as the size word does.
