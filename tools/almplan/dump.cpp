@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "check.h"
 #include "jobstates.h"
 #include "plan/almaccs.h"
 #include "plan/almrecs.h"
@@ -544,7 +545,7 @@ int almplan_dump(int argc, char** argv) {
         std::perror("almplan: write");
         return kExitFailure;
     }
-    return rc;
+    return report_damage(path) ? kExitFailure : rc;
 }
 
 }  // namespace alm

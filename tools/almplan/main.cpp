@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "check.h"
 #include "civil.h"
 #include "dump.h"
 #include "planbuild.h"
@@ -26,6 +27,7 @@ constexpr const char* kUsage =
     "  almplan synth --cpus N --scheds M --jobs K [--deps] [--v1] [--date YYYY-MM-DD] OUT\n"
     "  almplan fields [KIND]\n"
     "  almplan dump ...\n"
+    "  almplan check PLAN\n"
     "  almplan --help\n";
 
 constexpr const char* kHelp =
@@ -35,6 +37,8 @@ constexpr const char* kHelp =
     "synth   writes a plan of N workstations, M schedules per workstation and\n"
     "        K jobs per schedule; --deps adds prompts, files, resources,\n"
     "        dependencies and restart chains.\n"
+    "check   walks every chain of PLAN and prints one line per problem;\n"
+    "        exit status 1 when there is any.\n"
     "fields  lists the fields that 'set' accepts: kind, name, offset, width,\n"
     "        elements, type, role.\n"
     "\n"
@@ -208,6 +212,7 @@ int run(int argc, char** argv) {
     if (cmd == "synth") return cmd_synth(argc - 1, argv + 1);
     if (cmd == "fields") return cmd_fields(argc - 1, argv + 1);
     if (cmd == "dump") return almplan_dump(argc - 1, argv + 1);
+    if (cmd == "check") return almplan_check(argc - 1, argv + 1);
     return usage_error("unknown command '" + std::string(cmd) + "'");
 }
 
