@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 
 #include "almqhome.h"
 #include "common/files.h"
@@ -168,6 +169,61 @@ TEST(AlmqErrors, RelativeServerPathIsTakenFromTheCurrentDirectory) {
     const RunResult bad = home.runAlmq({"--server", "bin/nothere", "info"}, home.path());
     EXPECT_EQ(bad.status, 3);
     EXPECT_NE(bad.err.find(home.file("bin/nothere") + ": cannot start"), std::string::npos) << bad.err;
+}
+
+// Damaged plans: almq refuses each with exit 3 and one line before the
+// server lists anything, almplan check names the problem with exit 1 and
+// almplan dump fails; sound plans of both formats pass all three.
+TEST(AlmqErrors, DamagedPlansAreRefusedAndChecked) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    ASSERT_TRUE(home.buildPlan(kSampleDesc, "good"));
+    ASSERT_TRUE(home.buildPlan(kSampleDesc, "good1", true));
+    std::mt19937 gen(18);
+    std::string noise(26000, '\0');
+    for (char& c : noise) c = static_cast<char>(gen());
+    const std::string jobs = "workstation W\nschedule W S\njob A\njob B\njob C\n";
+    struct Case {
+        const char* name;
+        std::string bytes;  // the file, or
+        std::string desc;   // a description for almplan build
+        const char* says;   // "" for a sound plan
+    } cases[] = {
+        {"good", "", "", ""},
+        {"good1", "", "", ""},
+        {"empty", "", "", "the file is empty"},
+        {"noise", noise, "", "record 0 is not a plan header"},
+        {"truncated", test::read_file(home.file("good")).substr(0, 10000), "", "lies beyond the end of the file"},
+        {"loop", "", jobs + "link sj_next_job_ptr job W S A\n", "loops: record 3 comes again after record 5"},
+        {"loop1", "", "format v1\n" + jobs + "link sj_next_job_ptr job W S B\n", "loops: record 4 comes again"},
+        {"backptr", "", jobs + "link sj_prev_job_ptr job W S A\n", "record 5 points back to record 3, not to record 4"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string plan = home.file(c.name);
+        if (!c.desc.empty()) {
+            ASSERT_TRUE(home.buildPlanText(c.desc, c.name));
+        } else if (std::string(c.name).rfind("good", 0) != 0) {
+            test::write_file(plan, c.bytes);
+        }
+        const bool sound = *c.says == '\0';
+        const RunResult q = home.runAlmq({"--plan", plan, "jobs"});
+        const RunResult check = home.run(test::built_program("almplan"), {"check", plan});
+        const RunResult dump = home.run(test::built_program("almplan"), {"dump", plan});
+        EXPECT_EQ(q.status, sound ? 0 : 3) << q.err;
+        EXPECT_EQ(check.status, sound ? 0 : 1) << check.out << check.err;
+        EXPECT_EQ(dump.status != 0, !sound) << dump.err;
+        if (sound) {
+            EXPECT_EQ(check.out, "");
+            continue;
+        }
+        EXPECT_EQ(q.out, "");
+        EXPECT_TRUE(one_line(q.err)) << q.err;
+        EXPECT_EQ(q.err.rfind("almq: plan " + plan + " is damaged: ", 0), 0u) << q.err;
+        EXPECT_NE(q.err.find(c.says), std::string::npos) << q.err;
+        EXPECT_EQ(check.out.rfind(plan + ": ", 0), 0u) << check.out;
+        EXPECT_NE(check.out.find(c.says), std::string::npos) << check.out;
+    }
 }
 
 TEST(ManPages, RenderWithoutWarnings) {

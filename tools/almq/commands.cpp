@@ -10,10 +10,12 @@
 #include <string_view>
 #include <vector>
 
+#include "damage.h"
 #include "deptree.h"
 #include "hexdump.h"
 #include "jsonwriter.h"
 #include "plan/almrecs.h"
+#include "planpath.h"
 #include "planview.h"
 #include "serverlink.h"
 #include "texttable.h"
@@ -35,8 +37,8 @@ std::string current_dir() {
 }
 
 std::string absolute(const std::string& path) {
-    if (path.empty() || path[0] == '/') return path;
-    return current_dir() + "/" + path;
+    if (path.empty() || path[0] == '/') return tidy_path(path);
+    return tidy_path(current_dir() + "/" + path);
 }
 
 // Plan paths are the server's: relative ones live under its home. Only a
@@ -104,6 +106,8 @@ private:
     }
 
     bool openPlan(std::string& error);
+    // EXIT_SERVER with the plan's first problem when it is damaged.
+    int refuseDamaged(const std::string& server);
     bool closePlan(std::string& error);
     // The plan handle, then the patterns.
     std::vector<std::string> queryArgs() const {
@@ -148,6 +152,7 @@ int Session::run() {
 
     int status = EXIT_OK;
     const bool needsPlan = o_.command != Command::Ping && o_.command != Command::Logs;
+    if (needsPlan && (status = refuseDamaged(server)) != EXIT_OK) return status;
     if (needsPlan && !openPlan(error)) {
         if (!error.empty()) return fail(error);
         const std::string code = open_[0];
@@ -184,6 +189,16 @@ bool Session::openPlan(std::string& error) {
     }
     open_.resize(kOpenStrings);
     return open_[0] == "0";
+}
+
+int Session::refuseDamaged(const std::string& server) {
+    const std::string file = plan_file(plan_argument(o_.plan), server);
+    const bool jobs = o_.command == Command::Jobs || o_.command == Command::Deps;
+    std::string problem;
+    if (!plan_damaged(file, jobs, problem)) return EXIT_OK;
+    std::string ignored;
+    link_.finish(ignored);
+    return fail("plan " + file + " is damaged: " + problem + " (almplan check lists every problem)");
 }
 
 bool Session::closePlan(std::string& error) {
