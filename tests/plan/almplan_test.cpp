@@ -111,12 +111,14 @@ TEST_F(AlmplanTest, DumpFailures) {
     r = almplan({"dump", "a", "b"});
     EXPECT_EQ(r.status, 2);
 
-    // A record cut short after the header: reported, the rest still listed.
+    // A plan cut short: the whole records are still listed, and the exit
+    // status and a line on stderr say that it is damaged.
     std::string path = build(kThree);
     std::filesystem::resize_file(path, 12 * 512 + 100);
     r = almplan({"dump", path});
-    EXPECT_EQ(r.status, 0);  // the partial record is not counted
+    EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.lines().size(), 12u);
+    EXPECT_NE(r.err.find(" is damaged: "), std::string::npos) << r.err;
 }
 
 }  // namespace
