@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
+#include "protocol/sll.h"
+#include "protocol/write.h"
 #include "queries/queries.h"
 #include "service/files.h"
-#include "service/sll.h"
-#include "service/write.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 
 #include <unistd.h>
 
+#include "protocol/write.h"
 #include "service/files.h"
 #include "service/read.h"
-#include "service/write.h"
 #include "util/stdfuncs.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

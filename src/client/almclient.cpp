@@ -12,8 +12,6 @@
 #include <chrono>
 #include <cstring>
 
-#include "util/endian.h"
-
 extern char** environ;
 
 namespace alm {
@@ -97,39 +95,6 @@ const char* clientStatusName(ClientStatus status) {
     case ClientStatus::SpawnFailed: return "SpawnFailed";
     }
     return "?";
-}
-
-std::string encodeHeader(const FrameHeader& h) {
-    unsigned char bytes[ALM_FRAME_HEADER_BYTES];
-    const std::uint32_t words[6] = {h.size, h.type, h.id, h.numData, h.bytesPerRecord, h.dataType};
-    for (int i = 0; i < 6; ++i) store_be32(bytes + 4 * i, words[i]);
-    return std::string(reinterpret_cast<const char*>(bytes), sizeof bytes);
-}
-
-FrameHeader decodeHeader(const unsigned char* b) {
-    FrameHeader h;
-    h.size = load_be32(b);
-    h.type = load_be32(b + 4);
-    h.id = load_be32(b + 8);
-    h.numData = load_be32(b + 12);
-    h.bytesPerRecord = load_be32(b + 16);
-    h.dataType = load_be32(b + 20);
-    return h;
-}
-
-std::string encodeRequest(std::uint32_t type, std::uint32_t id,
-                          const std::vector<std::string>& args) {
-    std::string area;
-    for (const std::string& arg : args) {
-        area += arg;
-        area.push_back('\0');
-    }
-    FrameHeader h;
-    h.size = static_cast<std::uint32_t>(20 + area.size());
-    h.type = type;
-    h.id = id;
-    h.numData = static_cast<std::uint32_t>(args.size());
-    return encodeHeader(h) + area;
 }
 
 std::vector<std::string> Reply::strings() const {
@@ -372,8 +337,8 @@ ClientStatus AlmClient::readReply(Reply& reply, int timeoutMs) {
     reply.bodySize_ = 0;
     ClientStatus st = readHeader(reply.header, timeoutMs);
     if (st != ClientStatus::Ok) return st;
-    if (reply.header.size < 20) return ClientStatus::BadFrame;
-    const std::size_t length = reply.header.size - 20;
+    if (reply.header.size < ALM_FRAME_HEADER_AFTER_SIZE) return ClientStatus::BadFrame;
+    const std::size_t length = reply.header.size - ALM_FRAME_HEADER_AFTER_SIZE;
     if (length > maxBodyBytes_) return ClientStatus::BadFrame;
     if (length == 0) return ClientStatus::Ok;
     reply.body_ = std::make_unique_for_overwrite<unsigned char[]>(length);

@@ -1,11 +1,6 @@
 // Client side of the almread protocol: starts a server with pipes on its
 // standard input and output, sends request frames and reads reply frames.
 //
-// Frames are six big-endian 32-bit words (size, type, id, numData,
-// bytesPerRecord, dataType) and a body of size - 20 bytes. Request bodies
-// are NUL-terminated strings; reply bodies are strings (dataType 0) or
-// numData records of bytesPerRecord bytes (dataType 1).
-//
 // Nothing here throws or raises SIGPIPE; every call answers a ClientStatus.
 // Timeouts are in milliseconds for the whole call; a negative one waits
 // forever.
@@ -19,6 +14,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "protocol/frame.h"
 
 namespace alm {
 
@@ -34,27 +31,6 @@ enum class ClientStatus {
 };
 
 const char* clientStatusName(ClientStatus status);
-
-inline constexpr char ALM_GREETING[] = "AlmRead Lives";
-inline constexpr std::size_t ALM_GREETING_BYTES = sizeof ALM_GREETING - 1;
-inline constexpr std::size_t ALM_FRAME_HEADER_BYTES = 24;
-
-struct FrameHeader {
-    std::uint32_t size = 0;
-    std::uint32_t type = 0;
-    std::uint32_t id = 0;
-    std::uint32_t numData = 0;
-    std::uint32_t bytesPerRecord = 0;
-    std::uint32_t dataType = 0;
-};
-
-// The 24 wire bytes of a header, taken as they stand.
-std::string encodeHeader(const FrameHeader& header);
-FrameHeader decodeHeader(const unsigned char* bytes);
-// A whole request: size = 20 + area, numData = args.size(), bytesPerRecord
-// and dataType 0, each argument followed by its NUL.
-std::string encodeRequest(std::uint32_t type, std::uint32_t id,
-                          const std::vector<std::string>& args);
 
 class Reply {
 public:

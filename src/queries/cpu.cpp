@@ -1,4 +1,5 @@
 #include "plan/almfind.h"
+#include "plan/openplans.h"
 #include "queries/queries.h"
 #include "queries/queryargs.h"
 #include "queries/recordreply.h"
@@ -12,7 +13,7 @@ void readerGetCpus(Request& req) {
     const char* cpu = args[1];
 
     RecordBuffer records;
-    if (alm_comarea* ca = querySession(args[0])) {
+    if (alm_comarea* ca = openPlanSession(args[0])) {
         const alm_read_ahead ahead(ca);
         SCI_RECTYPE sci;
         std::uint32_t start = 0;

@@ -4,11 +4,12 @@
 #include <vector>
 
 #include "plan/almfind.h"
+#include "plan/openplans.h"
+#include "protocol/write.h"
 #include "queries/queries.h"
 #include "queries/queryargs.h"
 #include "queries/recordreply.h"
 #include "queries/wireform.h"
-#include "service/write.h"
 
 namespace alm {
 
@@ -24,7 +25,7 @@ void readerGetJobs(Request& req) {
     // held in memory. A job that can no longer be read as a job (the plan
     // changed meanwhile) goes out as zeros: the reply always holds exactly
     // the records its header announces.
-    alm_comarea* ca = querySession(args[0]);
+    alm_comarea* ca = openPlanSession(args[0]);
     const alm_read_ahead ahead(ca);
     SJ_RECTYPE sj;
     std::vector<std::uint32_t> found;

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "service/request.h"
-#include "service/sll.h"
+#include "protocol/request.h"
+#include "protocol/sll.h"
 
 namespace alm {
 

@@ -1,6 +1,6 @@
 #include "queries/queryargs.h"
 
-#include "service/files.h"
+#include "plan/openplans.h"
 
 namespace alm {
 
@@ -14,11 +14,6 @@ bool queryArgs(const Request& req, const char** args, std::size_t n) {
         if (!args[i]) return false;
     }
     return true;
-}
-
-alm_comarea* querySession(const char* handle) {
-    const readerFile* file = readerFindFile(handle);
-    return file && file->opened ? file->alm_ca : nullptr;
 }
 
 short queryNameWidth() { return alm_version != 0 ? 16 : 8; }

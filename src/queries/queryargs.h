@@ -1,11 +1,10 @@
-// What a query request names: its string arguments by position and the open
-// plan its first argument (the handle) stands for.
+// What a query request names: its string arguments by position, and the
+// width of names in the plans' records.
 #pragma once
 
 #include <cstddef>
 
-#include "plan/almaccs.h"
-#include "service/request.h"
+#include "protocol/request.h"
 
 namespace alm {
 
@@ -13,9 +12,6 @@ namespace alm {
 // declares another number or one of them did not arrive (an empty last
 // argument can be lost in the request framing).
 bool queryArgs(const Request& req, const char** args, std::size_t n);
-
-// The session of the open plan the handle names, or null.
-alm_comarea* querySession(const char* handle);
 
 // Width of names in records of the most recently opened plan: 16, or 8
 // after a version 0 plan.

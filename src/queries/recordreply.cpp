@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "service/write.h"
+#include "protocol/write.h"
 
 namespace alm {
 

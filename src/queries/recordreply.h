@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "service/sll.h"
+#include "protocol/sll.h"
 
 namespace alm {
 

@@ -1,4 +1,5 @@
 #include "plan/almfind.h"
+#include "plan/openplans.h"
 #include "queries/queries.h"
 #include "queries/queryargs.h"
 #include "queries/recordreply.h"
@@ -13,7 +14,7 @@ void readerGetSchedules(Request& req) {
     const char* sched = args[2];
 
     RecordBuffer records;
-    if (alm_comarea* ca = querySession(args[0])) {
+    if (alm_comarea* ca = openPlanSession(args[0])) {
         const alm_read_ahead ahead(ca);
         SS_RECTYPE ss;
         std::uint32_t start = 0;

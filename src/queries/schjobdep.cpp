@@ -4,10 +4,11 @@
 #include <limits>
 
 #include "plan/almfind.h"
+#include "plan/openplans.h"
+#include "protocol/write.h"
 #include "queries/queries.h"
 #include "queries/queryargs.h"
 #include "queries/wireform.h"
-#include "service/write.h"
 #include "util/strutil.h"
 
 namespace alm {
@@ -166,7 +167,7 @@ void readerGetSchJobDep(Request& req) {
     const char* cpu = args[1];
     const char* sched = args[2];
     const char* job = args[3];
-    alm_comarea* ca = querySession(args[0]);
+    alm_comarea* ca = openPlanSession(args[0]);
     const alm_read_ahead ahead(ca);
 
     Counter counter;

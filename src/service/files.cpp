@@ -1,67 +1,25 @@
 #include "service/files.h"
 
-#include <sys/stat.h>
-
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
 #include <new>
 #include <string>
 #include <vector>
 
-#include "service/write.h"
+#include "plan/almaccs.h"
+#include "plan/openplans.h"
+#include "protocol/write.h"
 #include "util/dateutil.h"
+#include "util/stdfuncs.h"
 #include "util/strutil.h"
 #include "util/sysutils.h"
 
 namespace alm {
 
-std::unique_ptr<sll> pListOfFiles;
-short alm_version = 0;
-
-short alm_version_of_last_open() { return alm_version; }
-
 namespace {
 
-// Owners of the records that pListOfFiles points at, by handle.
-std::map<long, std::unique_ptr<readerFile>> openFiles;
-long nextHandle = 1;
-
 constexpr int OPEN_REPLY_ITEMS = 9;
-constexpr int ERRTEXT_MAX = 256;
-
-// Closes the plan through the library; its error report is not wanted.
-void closePlan(readerFile& rf) {
-    if (rf.alm_ca == nullptr) return;
-    int errType = 0;
-    char msg[ERRTEXT_MAX + 1] = {};
-    alm_close(&rf.alm_ca, 0, &errType, msg, sizeof msg);
-    rf.alm_ca = nullptr;
-}
-
-// fcntl locks belong to the process, not to the descriptor: closing one
-// session drops the presence lock of every other session this process has
-// on the same file. Those sessions take theirs again, so the scheduler still
-// sees a reader while any of them is open.
-void retakePresenceLocks(const struct stat& closed) {
-    sllIterator it;
-    sllStartIterator(pListOfFiles.get(), it);
-    while (sllNextIterator(it)) {
-        auto* rf = static_cast<readerFile*>(sllGetIteratorValue(it));
-        if (!rf->opened || rf->alm_ca == nullptr) continue;
-        struct stat st {};
-        if (::fstat(rf->alm_ca->fnum, &st) != 0 || st.st_dev != closed.st_dev || st.st_ino != closed.st_ino)
-            continue;
-        alm_lock(rf->alm_ca, ALM_LOCK_READER, 0);
-    }
-}
-
-void releaseRecord(readerFile* rf) {
-    sllRemoveNode(pListOfFiles.get(), rf);
-    openFiles.erase(rf->handle);
-}
 
 struct OpenReply {
     char code[16] = "0";
@@ -107,23 +65,13 @@ const char* firstArgument(const Request& req) {
 
 }  // namespace
 
-readerFile::~readerFile() { closePlan(*this); }
-
-readerFile* readerFindFile(const char* handle_text) {
-    if (handle_text == nullptr) return nullptr;
-    // atol's reading, without its undefined overflow.
-    const long handle = std::strtol(handle_text, nullptr, 10);
-    auto it = openFiles.find(handle);
-    return it == openFiles.end() ? nullptr : it->second.get();
-}
-
 void readerOpenAlmanack(Request& req) {
     if (req.numData != 1) return;
     const char* path = firstArgument(req);
     if (path == nullptr) return;
     const std::size_t length = strnlen(path, QUAL_PATH_MAX + 1);
     if (length > static_cast<std::size_t>(QUAL_PATH_MAX)) return;
-    if (nextHandle >= INT_MAX) return;
+    if (!openPlanHandlesLeft()) return;
 
     auto rf = std::make_unique<readerFile>();
     rf->opened = 1;
@@ -143,11 +91,7 @@ void readerOpenAlmanack(Request& req) {
 
     const SH_RECTYPE& sh = rf->sh_rec;
     alm_version = sh.sh_alm_version;
-    rf->handle = nextHandle++;
-    readerFile* record = rf.get();
-    openFiles.emplace(record->handle, std::move(rf));
-    if (!pListOfFiles) pListOfFiles = sllCreate();
-    sllAddNode(pListOfFiles.get(), record);
+    const readerFile* record = addOpenPlan(std::move(rf));
 
     const short width = alm_version == 0 ? 8 : 16;
     pac_to_str(sh.sh_cpu_id, reply.cpu, width);
@@ -165,28 +109,11 @@ void readerCloseAlmanack(Request& req) {
     if (req.numData != 1) return;
     readerFile* rf = readerFindFile(firstArgument(req));
     if (rf == nullptr) return;
-    struct stat closed {};
-    const bool shared = rf->opened && rf->alm_ca != nullptr && ::fstat(rf->alm_ca->fnum, &closed) == 0;
-    if (rf->opened) closePlan(*rf);
-    releaseRecord(rf);
-    if (shared) retakePresenceLocks(closed);
+    closeOpenPlan(rf);
     readerCloseAlmanackReturn(req.id);
 }
 
-void readerCloseAllAlmanack() {
-    std::vector<readerFile*> toClose;
-    sllIterator it;
-    sllStartIterator(pListOfFiles.get(), it);
-    while (sllNextIterator(it)) {
-        auto* rf = static_cast<readerFile*>(sllGetIteratorValue(it));
-        if (rf->opened) toClose.push_back(rf);
-    }
-    for (readerFile* rf : toClose) {
-        closePlan(*rf);
-        openFiles.erase(rf->handle);
-    }
-    pListOfFiles.reset();
-}
+void readerCloseAllAlmanack() { closeAllOpenPlans(); }
 
 void readerGetAlmanackLogs(Request& req) {
     char pattern[2 * QUAL_PATH_MAX + 2] = "schedlog/M@";

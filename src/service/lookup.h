@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "service/request.h"
+#include "protocol/request.h"
 
 namespace alm {
 

@@ -3,18 +3,14 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "protocol/frame.h"
+#include "protocol/write.h"
+#include "protocol/write.h"
 #include "service/files.h"
 #include "service/read.h"
 #include "service/ugetopts.h"
 #include "service/version.h"
-#include "service/write.h"
 #include "util/stdfuncs.h"
-
-namespace {
-
-constexpr char GREETING[] = "AlmRead Lives";
-
-}  // namespace
 
 int main(int argc, char* argv[]) {
     using namespace alm;
@@ -38,7 +34,7 @@ int main(int argc, char* argv[]) {
     qual_file(argc > 0 ? argv[0] : nullptr, QUAL_HOMEDIR, sizeof QUAL_HOMEDIR);
     setUseQualHome(1);
 
-    std::fwrite(GREETING, 1, sizeof GREETING - 1, stdout);
+    std::fwrite(ALM_GREETING, 1, ALM_GREETING_BYTES, stdout);
     std::fflush(stdout);
 
     readerReadLoop();

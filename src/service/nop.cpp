@@ -1,6 +1,6 @@
 #include "service/nop.h"
 
-#include "service/write.h"
+#include "protocol/write.h"
 
 namespace alm {
 

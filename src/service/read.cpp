@@ -4,9 +4,8 @@
 #include <memory>
 
 #include "messages/issuemsg.h"
+#include "protocol/request.h"
 #include "service/lookup.h"
-#include "service/request.h"
-#include "util/endian.h"
 
 namespace alm {
 
@@ -56,10 +55,11 @@ ReadLoopStatus readerReadFrames(std::FILE* in) {
     for (;;) {
         if (std::feof(in)) return ReadLoopStatus::EndOfInput;
 
-        std::uint32_t words[6];
+        // Word by word, since a read error on the id word ends the loop with its
+        // own message.
+        unsigned char raw[ALM_FRAME_HEADER_BYTES] = {};
         for (int i = 0; i < 6; ++i) {
-            unsigned char raw[4] = {};
-            switch (readBytes(in, raw, sizeof raw)) {
+            switch (readBytes(in, raw + 4 * i, 4)) {
             case WordRead::Error:
                 return i == 2 ? ReadLoopStatus::ReadErrorOnId : ReadLoopStatus::ReadError;
             case WordRead::End:
@@ -67,21 +67,15 @@ ReadLoopStatus readerReadFrames(std::FILE* in) {
             case WordRead::Ok:
                 break;
             }
-            words[i] = load_be32(raw);
         }
 
         Request req;
-        req.size = words[0];
-        req.type = words[1];
-        req.id = words[2];
-        req.numData = words[3];
-        req.bytesPerRecord = words[4];
-        req.dataType = words[5];
+        static_cast<FrameHeader&>(req) = decodeHeader(raw);
 
         std::unique_ptr<char[]> area;
         std::unique_ptr<sll> args;
         if (req.numData != 0) {
-            const std::uint32_t len = req.size - REQUEST_HEADER_AFTER_SIZE;
+            const std::uint32_t len = req.size - ALM_FRAME_HEADER_AFTER_SIZE;
             if (len > READER_MAX_AREA) return ReadLoopStatus::BadFrame;
             area = std::make_unique_for_overwrite<char[]>(std::size_t{len} + 1);
             area[len] = '\0';

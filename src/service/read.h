@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "service/sll.h"
+#include "protocol/sll.h"
 
 namespace alm {
 

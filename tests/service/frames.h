@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "service/write.h"
+#include "protocol/write.h"
 #include "util/endian.h"
 
 namespace alm::test {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "protocol/sll.h"
 #include "service/frames.h"
-#include "service/sll.h"
 
 namespace alm {
 namespace {

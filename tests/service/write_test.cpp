@@ -1,4 +1,4 @@
-#include "service/write.h"
+#include "protocol/write.h"
 
 #include <gtest/gtest.h>
 

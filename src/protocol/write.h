@@ -10,7 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "service/request.h"
+#include "protocol/request.h"
 
 namespace alm {
 

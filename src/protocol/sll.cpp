@@ -1,4 +1,4 @@
-#include "service/sll.h"
+#include "protocol/sll.h"
 
 #include <utility>
 

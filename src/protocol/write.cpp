@@ -1,11 +1,10 @@
-#include "service/write.h"
+#include "protocol/write.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cstring>
 
-#include "util/endian.h"
 
 namespace alm {
 
@@ -17,20 +16,11 @@ std::FILE* out() { return replyStream ? replyStream : stdout; }
 
 constexpr std::size_t REPLY_BUFFER_BYTES = 1u << 20;
 
-void writeWord(std::uint32_t value) {
-    unsigned char word[4];
-    store_be32(word, value);
-    std::fwrite(word, 1, sizeof word, out());
-}
-
 void writeHeaderWords(std::uint32_t size, std::uint32_t type, std::uint32_t id,
                       std::uint32_t numData, std::uint32_t bytesPer, std::uint32_t dataType) {
-    writeWord(size);
-    writeWord(type);
-    writeWord(id);
-    writeWord(numData);
-    writeWord(bytesPer);
-    writeWord(dataType);
+    unsigned char bytes[ALM_FRAME_HEADER_BYTES];
+    storeHeader(bytes, FrameHeader{size, type, id, numData, bytesPer, dataType});
+    std::fwrite(bytes, 1, sizeof bytes, out());
 }
 
 void writeZeros(std::uint32_t count) {
@@ -67,7 +57,7 @@ void readerInitOutput() {
 
 void readerWrite(const Request& reply) {
     // Sizes wrap in 32 bits, as the size word does.
-    std::uint32_t size = REQUEST_HEADER_AFTER_SIZE;
+    std::uint32_t size = ALM_FRAME_HEADER_AFTER_SIZE;
     if (reply.dataType != 0) {
         size += reply.numData * reply.bytesPerRecord;
     } else if (reply.dataList) {
@@ -123,7 +113,7 @@ void readerWrite(const Request& reply) {
 void readerWriteHeader(int type, int id, int numData, int bytesPer) {
     const auto count = static_cast<std::uint32_t>(numData);
     const auto per = static_cast<std::uint32_t>(bytesPer);
-    writeHeaderWords(REQUEST_HEADER_AFTER_SIZE + count * per, static_cast<std::uint32_t>(type),
+    writeHeaderWords(ALM_FRAME_HEADER_AFTER_SIZE + count * per, static_cast<std::uint32_t>(type),
                      static_cast<std::uint32_t>(id), count, per, 1);
 }
 
