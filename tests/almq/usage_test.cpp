@@ -41,11 +41,14 @@ TEST(AlmqUsage, BadCommandLinesExitTwoWithOneLine) {
         {{"ping", "12x"}, "ping needs a count"},
         {{"ping", "1000001"}, "ping needs a count"},
         {{"--json", "--raw", "cpus"}, "exclude each other"},
+        {{"--dot", "jobs"}, "--dot draws the dependencies only"},
+        {{"--fields", "a,,b", "jobs"}, "--fields needs names separated by commas"},
+        {{"--fields", "sj_job_name", "--raw", "jobs"}, "--fields chooses what --json and the tables show"},
         {{"cpus", "--plan"}, "option --plan needs a value"},
         {{"--plan=", "cpus"}, "--plan needs a non-empty path"},
         {{"--timeout", "0", "cpus"}, "--timeout needs a number"},
         {{"--timeout", "soon", "cpus"}, "--timeout needs a number"},
-        {{"--json=1", "cpus"}, "unknown option '--json=1'"},
+        {{"--json=1", "cpus"}, "option --json takes no value"},
     };
     for (const UsageCase& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.args));
@@ -58,6 +61,45 @@ TEST(AlmqUsage, BadCommandLinesExitTwoWithOneLine) {
     }
 }
 
+// Every tool: help and version on standard output with 0, bad usage on
+// standard error with 2.
+TEST(ToolUsage, HelpVersionAndBadUsageExitAlike) {
+    const AlmqHome& home = sample_home();
+    struct Case {
+        const char* tool;
+        std::vector<std::string> args;
+        int status;
+        const char* first;  // the start of the first line of stdout (status 0) or stderr
+    } cases[] = {
+        {"almq", {"--version"}, 0, "almq 1."},
+        {"almq", {"-V", "jobs"}, 0, "almq 1."},
+        {"almplan", {"--help"}, 0, "Usage:"},
+        {"almplan", {"--version"}, 0, "almplan 1."},
+        {"almplan", {"build", "--help"}, 0, "Usage: almplan build"},
+        {"almplan", {"synth", "--cpus", "1", "-h"}, 0, "Usage: almplan synth"},
+        {"almplan", {"fields", "--help"}, 0, "Usage: almplan fields"},
+        {"almplan", {"dump", "--help"}, 0, "Usage: almplan dump"},
+        {"almplan", {"frob"}, 2, "almplan: unknown command 'frob'"},
+        {"almcat", {"--help"}, 0, "Usage: almcat"},
+        {"almcat", {"--version"}, 0, "almcat 1."},
+        {"almcat", {}, 2, "Usage: almcat"},
+        {"almcat", {"--bogus", "a", "b"}, 2, "Usage: almcat"},
+        {"almcodeset", {"--help"}, 0, "Usage: almcodeset"},
+        {"almcodeset", {"--version"}, 0, "almcodeset 1."},
+        {"almcodeset", {"--as"}, 2, "Usage: almcodeset"},
+        {"almcodeset", {"UTF-8", "nosuchtype", home.path()}, 2, "almcodeset: unknown type nosuchtype"},
+        {"almcodeset", {"NO-SUCH-SET", "sbcs", home.path()}, 1, "almcodeset: iconv does not know NO-SUCH-SET"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.tool) + " " + testing::PrintToString(c.args));
+        const RunResult r = home.run(test::built_program(c.tool), c.args);
+        EXPECT_EQ(r.status, c.status) << r.err;
+        const std::string& text = c.status == 0 ? r.out : r.err;
+        EXPECT_EQ(text.rfind(c.first, 0), 0u) << text;
+        EXPECT_EQ(c.status == 0 ? r.err : r.out, "");
+    }
+}
+
 TEST(AlmqUsage, HelpNamesEverySubcommandAndExitsZero) {
     const AlmqHome& home = sample_home();
     for (const char* opt : {"--help", "-h"}) {
@@ -66,7 +108,7 @@ TEST(AlmqUsage, HelpNamesEverySubcommandAndExitsZero) {
         EXPECT_EQ(r.err, "");
         EXPECT_EQ(r.out.rfind("Usage: almq", 0), 0u);
         for (const char* word : {"info", "cpus", "scheds", "jobs", "deps", "logs", "ping", "--plan", "--server",
-                                 "--json", "--raw", "Exit status"}) {
+                                 "--json", "--fields", "--wide", "--dot", "--raw", "--version", "Exit status"}) {
             EXPECT_NE(r.out.find(word), std::string::npos) << word;
         }
     }

@@ -14,10 +14,24 @@
 
 namespace {
 
+constexpr char kUsage[] =
+    "Usage: almcat [--keep-deleted] SOURCE OUT\n"
+    "       almcat --list CATALOG\n";
+
+constexpr char kHelp[] =
+    "       almcat --help | --version\n"
+    "\n"
+    "Compiles the message catalog source SOURCE into the catalog file OUT\n"
+    "(written aside and renamed, so a failed run leaves no half catalog);\n"
+    "--keep-deleted writes deleted sets and messages as invalid records,\n"
+    "which readers skip, instead of leaving them out. --list writes a catalog\n"
+    "back in source form.\n"
+    "\n"
+    "Exit status: 0 done, 1 unreadable or bad input or unwritable output,\n"
+    "2 bad usage.\n";
+
 int usage() {
-    std::fprintf(stderr,
-                 "usage: almcat [--keep-deleted] SOURCE OUT\n"
-                 "       almcat --list CATALOG\n");
+    std::fputs(kUsage, stderr);
     return 2;
 }
 
@@ -61,6 +75,15 @@ int compile(const char* source, const char* target, bool keep_deleted) {
 
 int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
+        std::fputs(kUsage, stdout);
+        std::fputs(kHelp, stdout);
+        return 0;
+    }
+    if (args.size() == 1 && (args[0] == "--version" || args[0] == "-V")) {
+        std::fputs("almcat " ALM_TOOLS_VERSION "\n", stdout);
+        return 0;
+    }
     if (args.size() == 2 && args[0] == "--list") {
         if (alm::list_catalog(args[1].c_str(), stdout) != 0) {
             std::fprintf(stderr, "almcat: %s: not a readable message catalog\n", args[1].c_str());

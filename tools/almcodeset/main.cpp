@@ -15,10 +15,10 @@ namespace alm {
 namespace {
 
 const char kUsage[] =
-    "usage: almcodeset [--as TABLE] CODESET TYPE OUTDIR\n"
+    "Usage: almcodeset [--as TABLE] CODESET TYPE OUTDIR\n"
     "       almcodeset --alias OUTDIR NAME TABLE\n"
     "       almcodeset --aliases OUTDIR [NAME=TABLE ...]\n"
-    "       almcodeset --help\n"
+    "       almcodeset --help | --version\n"
     "\n"
     "The first form asks iconv about every character of CODESET (an iconv\n"
     "name) and writes its conversion table to OUTDIR/codeset/TABLE (TABLE is\n"
@@ -33,11 +33,17 @@ const char kUsage[] =
     "--alias writes OUTDIR/codeset/NAME as an alias file naming TABLE.\n"
     "--aliases writes the alias list OUTDIR/codeset/aliases, one line\n"
     "\"NAME TABLE\" per pair; it maps the normalised system code-set name\n"
-    "(letters and digits in upper case, a leading IBM removed) to a table.\n";
+    "(letters and digits in upper case, a leading IBM removed) to a table.\n"
+    "\n"
+    "Exit status: 0 written, 1 failed (unknown code set, unwritable OUTDIR),\n"
+    "2 bad usage.\n";
+
+constexpr int kExitFailed = 1;
+constexpr int kExitUsage = 2;
 
 int usage() {
     std::fputs(kUsage, stderr);
-    return 1;
+    return kExitUsage;
 }
 
 bool make_dir(const std::string& dir) {
@@ -99,33 +105,33 @@ int make_table(const std::string& codeset, const std::string& type, const std::s
     }
     if (!valid_name(table)) {
         std::fprintf(stderr, "almcodeset: bad table name %s\n", table.c_str());
-        return 1;
+        return kExitUsage;
     }
     Probe probe(codeset.c_str());
     if (!probe.ok()) {
         std::fprintf(stderr, "almcodeset: iconv does not know %s\n", codeset.c_str());
-        return 2;
+        return kExitFailed;
     }
     TableParts parts;
     std::string error;
     std::vector<std::string> warnings;
     if (!build_table(probe, kind, parts, error, warnings)) {
         std::fprintf(stderr, "almcodeset: %s: %s\n", codeset.c_str(), error.c_str());
-        return 2;
+        return kExitFailed;
     }
     for (const auto& w : warnings) std::fprintf(stderr, "almcodeset: %s: %s\n", codeset.c_str(), w.c_str());
     const std::string dir = codeset_dir(outdir);
-    if (dir.empty()) return 2;
+    if (dir.empty()) return kExitFailed;
     const std::vector<unsigned char> image = table_image(parts);
-    return write_file(dir + "/" + table, image.data(), image.size()) ? 0 : 2;
+    return write_file(dir + "/" + table, image.data(), image.size()) ? 0 : kExitFailed;
 }
 
 int make_alias(const std::string& outdir, const std::string& name, const std::string& table) {
     if (!valid_name(name) || table.empty()) return usage();
     const std::string dir = codeset_dir(outdir);
-    if (dir.empty()) return 2;
+    if (dir.empty()) return kExitFailed;
     const std::string text = table + "\n";
-    return write_file(dir + "/" + name, text.data(), text.size()) ? 0 : 2;
+    return write_file(dir + "/" + name, text.data(), text.size()) ? 0 : kExitFailed;
 }
 
 int make_alias_list(const std::string& outdir, const std::vector<std::string>& pairs) {
@@ -135,13 +141,13 @@ int make_alias_list(const std::string& outdir, const std::vector<std::string>& p
         if (eq == std::string::npos || eq == 0 || eq + 1 == p.size() ||
             p.find_first_of(" \t\n") != std::string::npos) {
             std::fprintf(stderr, "almcodeset: bad pair %s (NAME=TABLE)\n", p.c_str());
-            return 1;
+            return kExitUsage;
         }
         text += p.substr(0, eq) + " " + p.substr(eq + 1) + "\n";
     }
     const std::string dir = codeset_dir(outdir);
-    if (dir.empty()) return 2;
-    return write_file(dir + "/aliases", text.data(), text.size()) ? 0 : 2;
+    if (dir.empty()) return kExitFailed;
+    return write_file(dir + "/aliases", text.data(), text.size()) ? 0 : kExitFailed;
 }
 
 int run(int argc, char** argv) {
@@ -149,6 +155,10 @@ int run(int argc, char** argv) {
     if (args.empty()) return usage();
     if (args[0] == "--help" || args[0] == "-h") {
         std::fputs(kUsage, stdout);
+        return 0;
+    }
+    if (args[0] == "--version" || args[0] == "-V") {
+        std::fputs("almcodeset " ALM_TOOLS_VERSION "\n", stdout);
         return 0;
     }
     if (args[0] == "--alias") return args.size() == 4 ? make_alias(args[1], args[2], args[3]) : usage();

@@ -26,9 +26,9 @@ constexpr const char* kUsage =
     "  almplan build [--v1] DESC OUT\n"
     "  almplan synth --cpus N --scheds M --jobs K [--deps] [--v1] [--date YYYY-MM-DD] OUT\n"
     "  almplan fields [KIND]\n"
-    "  almplan dump ...\n"
+    "  almplan dump PLAN [--json]\n"
     "  almplan check PLAN\n"
-    "  almplan --help\n";
+    "  almplan --help | --version | COMMAND --help\n";
 
 constexpr const char* kHelp =
     "\n"
@@ -63,7 +63,53 @@ constexpr const char* kHelp =
     "  sched WS NAME (3)   job WS SCHED JOB (4)   prompt NAME (2)\n"
     "  localprompt NAME (1)   file WS PATH (8)   resource WS NAME [UNITS] (31+UNITS)\n"
     "  workstation NAME   calendar NAME   rec NUMBER   (default flag bytes)\n"
-    "See docs/plan-description.md for the whole format.\n";
+    "The whole format: docs/plan-description.md in the sources, installed as\n"
+    "share/doc/almread/plan-description.md.\n";
+
+// What `almplan COMMAND --help` shows.
+struct CommandHelp {
+    const char* command;
+    const char* text;
+};
+
+constexpr CommandHelp kCommandHelp[] = {
+    {"build",
+     "Usage: almplan build [--v1] DESC OUT\n"
+     "Writes the plan described in the text file DESC to OUT: 512-byte records,\n"
+     "or 256-byte ones with --v1 or a 'format v1' line. Nothing is written when\n"
+     "DESC has an error; the error names its line. almplan --help lists the\n"
+     "description lines; docs/plan-description.md gives the whole format.\n"},
+    {"synth",
+     "Usage: almplan synth --cpus N --scheds M --jobs K [--deps] [--v1] [--date YYYY-MM-DD] OUT\n"
+     "Writes a plan of N workstations, M schedules per workstation and K jobs\n"
+     "per schedule, for the given day (1971 to 2037). --deps adds prompts,\n"
+     "files, resources, dependencies and restart chains.\n"},
+    {"fields",
+     "Usage: almplan fields [KIND]\n"
+     "Lists the fields that a description's 'set' line accepts, one a line:\n"
+     "kind, name, offset, width, elements, type, role. KIND is one of header,\n"
+     "workstation, schedule, job, prompt, file, resource, calendar, string.\n"},
+    {"check",
+     "Usage: almplan check PLAN\n"
+     "Walks every chain of PLAN and prints one line per problem; exit status 1\n"
+     "when there is any.\n"},
+    {"dump",
+     "Usage: almplan dump PLAN [--json]\n"
+     "Lists every record of PLAN as read through the plan library, one line a\n"
+     "record; with --json one JSON object a line.\n"},
+};
+
+// The command's own help when its words ask for it (before any "--").
+const char* command_help(std::string_view command, int argc, char** argv) {
+    for (int i = 2; i < argc && std::string_view(argv[i]) != "--"; ++i) {
+        const std::string_view a = argv[i];
+        if (a != "--help" && a != "-h") continue;
+        for (const CommandHelp& h : kCommandHelp) {
+            if (command == h.command) return h.text;
+        }
+    }
+    return nullptr;
+}
 
 int usage_error(const std::string& problem) {
     std::fprintf(stderr, "almplan: %s\n%s", problem.c_str(), kUsage);
@@ -206,6 +252,14 @@ int run(int argc, char** argv) {
     if (cmd == "--help" || cmd == "-h" || cmd == "help") {
         std::fputs(kUsage, stdout);
         std::fputs(kHelp, stdout);
+        return 0;
+    }
+    if (cmd == "--version" || cmd == "-V") {
+        std::fputs("almplan " ALM_TOOLS_VERSION "\n", stdout);
+        return 0;
+    }
+    if (const char* help = command_help(cmd, argc, argv)) {
+        std::fputs(help, stdout);
         return 0;
     }
     if (cmd == "build") return cmd_build(argc - 1, argv + 1);

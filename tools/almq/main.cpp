@@ -16,8 +16,8 @@ int main(int argc, char* argv[]) {
         std::fprintf(stderr, "almq: %s (see almq --help)\n", problem.c_str());
         return alm::EXIT_USAGE;
     }
-    if (options.help) {
-        std::fputs(alm::ALMQ_HELP, stdout);
+    if (options.help || options.version) {
+        std::fputs(options.help ? alm::ALMQ_HELP : alm::ALMQ_VERSION, stdout);
         return alm::EXIT_OK;
     }
     alm::OutputSink out(stdout);

@@ -11,7 +11,7 @@ inline constexpr int EXIT_NO_MATCH = 1;
 inline constexpr int EXIT_USAGE = 2;
 inline constexpr int EXIT_SERVER = 3;
 
-enum class OutputForm { Table, Json, Raw };
+enum class OutputForm { Table, Json, Raw, Dot };
 
 enum class Command { Info, Cpus, Scheds, Jobs, Deps, Logs, Ping };
 
@@ -21,6 +21,9 @@ struct Options {
     OutputForm output = OutputForm::Table;
     int timeoutMs = 30000;
     bool help = false;
+    bool version = false;
+    bool wide = false;                // every column of the tables
+    std::vector<std::string> fields;  // --fields: the members or columns to show, in order
     Command command = Command::Info;
     std::vector<std::string> patterns;  // the subcommand's patterns, "@" where not given
     long pingCount = 3;
@@ -28,9 +31,11 @@ struct Options {
 
 // Fills options from argv; on a usage error answers false with a one-line
 // problem. Options may stand before or after the subcommand; "--" ends them.
+// argv is reordered, options first.
 bool parse_options(int argc, char** argv, Options& options, std::string& problem);
 
 const char* command_name(Command command);
 extern const char* const ALMQ_HELP;
+extern const char* const ALMQ_VERSION;
 
 }  // namespace alm
