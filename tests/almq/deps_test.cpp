@@ -1,5 +1,7 @@
 // almq deps: the tree rebuilt from the streamed dependency reply, the raw
 // frames, and a reply that announces more records than it sends.
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -65,6 +67,47 @@ TEST(AlmqDeps, JobPatternKeepsTheScheduleAndItsDependencies) {
                          "    restart  NOTIFY  HOLD\n"),
               std::string::npos)
         << r.out;
+}
+
+// The graph: nodes in workstation and schedule clusters, one edge from each
+// thing waited on to its waiter, restart chains link to link; dot draws it.
+TEST(AlmqDeps, DotDrawsTheGraph) {
+    const AlmqHome& home = sample_home();
+    const RunResult r = home.runAlmq({"--dot", "deps", "AGENT1", "LOADDATA"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out.rfind("digraph plan {\n", 0), 0u);
+    std::size_t edges = 0;
+    for (const std::string& line : r.lines()) {
+        const auto arrow = line.find(" -> ");
+        if (arrow == std::string::npos) continue;
+        ++edges;
+        // Both ends are declared nodes.
+        for (const std::string& end : {line.substr(2, arrow - 2), line.substr(arrow + 4, line.find(" [") - arrow - 4)}) {
+            EXPECT_NE(r.out.find(end + " [shape="), std::string::npos) << end;
+        }
+    }
+    EXPECT_EQ(edges, 8u) << r.out;
+    for (const char* line : {
+             "  subgraph cluster_0 {\n    label=\"AGENT1\";\n    subgraph cluster_1 {\n      label=\"LOADDATA\";",
+             "      \"AGENT1#LOADDATA\" [shape=box, style=bold, label=\"LOADDATA\\nEXEC\"];",
+             "    \"resource MASTER#DBCONN\" [shape=cylinder, label=\"DBCONN\\n8 available, 2 in use\"];",
+             "  \"MASTER#STARTDAY\" -> \"AGENT1#LOADDATA\" [label=\"follows\"];",
+             "  \"file AGENT1#/data/in/payments.csv\" -> \"AGENT1#LOADDATA.GETPAY\" [label=\"opens\"];",
+             "  \"AGENT1#LOADDATA.RETRYPAY\" -> \"AGENT1#LOADDATA.NOTIFY\" [label=\"restart\", style=dashed];",
+             "  \"resource MASTER#DBCONN\" -> \"AGENT1#LOADDATA.MERGE\" [label=\"needs 1\"];",
+         }) {
+        EXPECT_NE(r.out.find(line), std::string::npos) << line;
+    }
+    const RunResult all = home.runAlmq({"--dot", "deps"});
+    ASSERT_EQ(all.status, 0) << all.err;
+    EXPECT_NE(all.out.find("  \"local prompt AGENT1#PAYROLL.PRINTPAY PAYOK\" -> \"AGENT1#PAYROLL.PRINTPAY\" "
+                           "[label=\"local prompt\"];"),
+              std::string::npos);
+    if (::access("/usr/bin/dot", X_OK) != 0) return;
+    const RunResult svg = home.run("/bin/sh", {"-c", "bin/almq --dot deps | dot -Tsvg"}, home.path());
+    EXPECT_EQ(svg.status, 0) << svg.err;
+    EXPECT_EQ(svg.err, "");
+    EXPECT_NE(svg.out.find("<svg"), std::string::npos);
 }
 
 // A plan with dependency entries that the server counts in its header but

@@ -110,6 +110,9 @@ TEST(AlmqTables, PatternsSelectAndNothingMatchedExitsOne) {
         {{"jobs", "@", "@", "NOSUCH"}, 1, "almq: no job matches @ @ NOSUCH"},
         {{"deps", "MASTER", "ENDDAY"}, 0, "1 schedule, 1 job, 0 restart links, 4 dependencies"},
         {{"deps", "NOSUCH"}, 1, "almq: no schedule matches NOSUCH @ @"},
+        {{"deps", "@", "@", "NOSUCH"}, 1, "almq: no job matches @ @ NOSUCH"},
+        {{"deps", "@", "@", "GET*"}, 1, "almq: no job matches @ @ GET* (the wildcard is @, not *)"},
+        {{"deps", "@", "@", "GET@"}, 0, "12 schedules, 2 jobs, 2 restart links, 13 dependencies"},
         {{"logs"}, 0, "2 archived plans"},
     };
     for (const Case& c : cases) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "damage.h"
+#include "depgraph.h"
 #include "deptree.h"
 #include "hexdump.h"
 #include "jsonwriter.h"
@@ -102,6 +103,9 @@ private:
     }
     int noMatch(const std::string& what) {
         err_ = "almq: no " + what + " matches " + pattern_text(o_.patterns);
+        const bool star = std::any_of(o_.patterns.begin(), o_.patterns.end(),
+                                      [](const std::string& p) { return p.find('*') != std::string::npos; });
+        if (star) err_ += " (the wildcard is @, not *)";
         return EXIT_NO_MATCH;
     }
 
@@ -132,6 +136,7 @@ private:
     int scheds();
     int jobs();
     int deps();
+    void depLine(const DepNode& n, const unsigned char* rec);
     void dumpFrames();
 
     static constexpr std::size_t kSpillBytes = 1 << 16;
@@ -526,38 +531,47 @@ std::string TreeLines::line(const DepNode& n, const unsigned char* r) const {
     return label + "of type " + code;
 }
 
+void Session::depLine(const DepNode& n, const unsigned char* rec) {
+    jsonLine([&](JsonWriter& w) {
+        w.member("role", dep_role_name(n.role));
+        w.member("depth", n.depth);
+        w.member("owner", n.owner);
+        if (n.role == DepRole::Dependency) {
+            w.member("dep_kind", dep_kind_label(n));
+            w.member("dep_flag", n.flag);
+        }
+        write_record_json(rec, n.kind, ReplySource::DepQuery, w);
+    });
+}
+
 // Each record is shown as it arrives. Output goes on only at the start of
 // a schedule, so what a failing reply leaves behind is whole schedules.
 int Session::deps() {
     DepTreeBuilder tree;
     const TreeLines lines;
+    DepGraph graph;
     std::size_t records = 0;
     std::size_t scheds = 0;
     std::size_t jobs = 0;
     std::size_t links = 0;
     std::size_t depCount = 0;
     std::size_t whole = 0;  // out_ holds whole schedules up to here
+    const bool jobPattern = o_.patterns[2] != "@";
     auto onRecord = [&](const unsigned char* rec) {
         const DepNode n = tree.add(rec);
         if (n.role == DepRole::Schedule) {
-            spill();
+            // Until a job matches a job pattern, the schedules may yet be withdrawn.
+            if (jobs > 0 || !jobPattern) spill();
             whole = out_.size();
         }
         scheds += n.role == DepRole::Schedule;
         jobs += n.role == DepRole::Job;
         links += n.role == DepRole::Restart;
         depCount += n.role == DepRole::Dependency;
-        if (o_.output == OutputForm::Json) {
-            jsonLine([&](JsonWriter& w) {
-                w.member("role", dep_role_name(n.role));
-                w.member("depth", n.depth);
-                w.member("owner", n.owner);
-                if (n.role == DepRole::Dependency) {
-                    w.member("dep_kind", dep_kind_label(n));
-                    w.member("dep_flag", n.flag);
-                }
-                write_record_json(rec, n.kind, ReplySource::DepQuery, w);
-            });
+        if (o_.output == OutputForm::Dot) {
+            graph.add(n, rec);
+        } else if (o_.output == OutputForm::Json) {
+            depLine(n, rec);
         } else {
             if (n.role == DepRole::Schedule && records > 0) out_ += "\n";
             out_.append(static_cast<std::size_t>(n.depth) * 2, ' ');
@@ -573,6 +587,11 @@ int Session::deps() {
         return fail(error);
     }
     if (scheds == 0) return noMatch("schedule");
+    if (jobs == 0 && jobPattern) {
+        out_.clear();
+        return noMatch("job");
+    }
+    if (o_.output == OutputForm::Dot) graph.render(out_);
     if (o_.output == OutputForm::Table) {
         out_ += "\n" + plural(scheds, "schedule", "schedules") + ", " + plural(jobs, "job", "jobs") + ", " +
                 plural(links, "restart link", "restart links") + ", " +
