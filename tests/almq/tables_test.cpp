@@ -71,7 +71,7 @@ TEST(AlmqTables, InfoShowsTheOpenReply) {
 }
 
 TEST(AlmqTables, CpusInChainOrderWithLocalStartTimes) {
-    const RunResult r = sample_home().runAlmq({"cpus"});
+    const RunResult r = sample_home().runAlmq({"--wide", "cpus"});
     ASSERT_EQ(r.status, 0) << r.err;
     const auto lines = r.lines();
     ASSERT_EQ(lines.size(), 5u) << r.out;
@@ -130,8 +130,26 @@ TEST(AlmqTables, PatternsSelectAndNothingMatchedExitsOne) {
     }
 }
 
+// Without --wide the listings fit 80 columns.
+TEST(AlmqTables, NarrowFormFitsEightyColumns) {
+    struct Case {
+        const char* command;
+        std::vector<std::string> titles;
+    } cases[] = {
+        {"cpus", {"WORKSTATION", "HOST", "DOMAIN", "TYPE", "STATUS", "LIMIT", "FENCE", "STARTED"}},
+        {"scheds", {"WORKSTATION", "SCHEDULE", "STATUS", "START", "JOBS", "SUCC", "ABEND", "FAIL", "DEPS"}},
+        {"jobs", {"WORKSTATION", "SCHEDULE", "JOB", "STATUS", "START", "STARTED"}},
+    };
+    for (const Case& c : cases) {
+        const RunResult r = sample_home().runAlmq({c.command});
+        ASSERT_EQ(r.status, 0) << r.err;
+        EXPECT_EQ(cells(r.lines()[0]), c.titles);
+        for (const std::string& line : r.lines()) EXPECT_LE(line.size(), 80u) << line;
+    }
+}
+
 TEST(AlmqTables, SchedulesWithStatesCountsAndTimes) {
-    const RunResult r = sample_home().runAlmq({"scheds", "AGENT@"});
+    const RunResult r = sample_home().runAlmq({"scheds", "AGENT@", "--wide"});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(cells(r.lines()[0]),
               (std::vector<std::string>{"WORKSTATION", "SCHEDULE", "STATUS", "PRI", "START", "UNTIL", "STARTED",
@@ -151,7 +169,7 @@ TEST(AlmqTables, SchedulesWithStatesCountsAndTimes) {
 }
 
 TEST(AlmqTables, JobsWithUsersScriptsAndUntilTimes) {
-    const RunResult r = sample_home().runAlmq({"jobs", "AGENT@"});
+    const RunResult r = sample_home().runAlmq({"jobs", "AGENT@", "--wide"});
     ASSERT_EQ(r.status, 0) << r.err;
     EXPECT_EQ(cells(r.lines()[0]),
               (std::vector<std::string>{"WORKSTATION", "SCHEDULE", "JOB", "STATUS", "PRI", "USER", "START", "STARTED",
@@ -175,7 +193,7 @@ TEST(AlmqTables, LongJobListingKeepsEveryRow) {
     AlmqHome home;
     ASSERT_TRUE(home.ok());
     ASSERT_TRUE(home.synthPlan(3, 10, 300, false, "Almanack"));
-    const RunResult table = home.runAlmq({"jobs"});
+    const RunResult table = home.runAlmq({"--wide", "jobs"});
     ASSERT_EQ(table.status, 0) << table.err;
     const RunResult json = home.runAlmq({"--json", "jobs"});
     ASSERT_EQ(json.status, 0) << json.err;

@@ -26,6 +26,7 @@ namespace alm {
 namespace {
 
 using Align = TextTable::Align;
+constexpr bool kWide = true;  // a column of the wide form only
 
 // The nine strings of the open reply, in order.
 constexpr const char* kOpenFields[] = {"return_code", "error_text", "handle",       "sh_sched_date", "sh_day_start",
@@ -96,6 +97,8 @@ private:
             flushOutput();
         }
     }
+
+    TextTable::Form tableForm() const { return o_.wide ? TextTable::Form::Wide : TextTable::Form::Narrow; }
 
     int fail(const std::string& message) {
         err_ = "almq: " + message;
@@ -378,9 +381,10 @@ int Session::cpus() {
                     status = f("sci_status"), limit = f("sci_cpu_limit"), fence = f("sci_job_fence"),
                     run = f("sci_run_number"), date = f("sci_date_started"), time = f("sci_time_started"),
                     flags = f("sci_flags");
-    TextTable table({{"WORKSTATION"}, {"HOST"}, {"NODE"}, {"DOMAIN"}, {"PARENT"}, {"TYPE"},
-                     {"STATUS"}, {"LIMIT", Align::Right}, {"FENCE", Align::Right}, {"RUN", Align::Right},
-                     {"STARTED"}, {"FLAGS"}});
+    TextTable table({{"WORKSTATION"}, {"HOST"}, {"NODE", Align::Left, kWide}, {"DOMAIN"}, {"PARENT", Align::Left, kWide},
+                     {"TYPE"}, {"STATUS"}, {"LIMIT", Align::Right}, {"FENCE", Align::Right},
+                     {"RUN", Align::Right, kWide}, {"STARTED"}, {"FLAGS", Align::Left, kWide}},
+                    tableForm());
     auto addRow = [&](const unsigned char* r) {
         table.add({id.text(r), host.text(r), node.text(r), domain.text(r), parent.text(r), type.text(r),
                    state_name(status.integer(r)), number(limit.integer(r)), number(fence.integer(r)),
@@ -399,9 +403,11 @@ int Session::scheds() {
                     succ = f("ss_num_succ"), exec = f("ss_num_exec"), abend = f("ss_num_abend"),
                     failed = f("ss_num_failed"), depends = f("ss_num_depends"), flags = f("ss_flags"),
                     reFlags = f("ss_re_flags");
-    TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"STATUS"}, {"PRI", Align::Right}, {"START"}, {"UNTIL"},
-                     {"STARTED"}, {"JOBS", Align::Right}, {"SUCC", Align::Right}, {"EXEC", Align::Right},
-                     {"ABEND", Align::Right}, {"FAIL", Align::Right}, {"DEPS", Align::Right}, {"FLAGS"}});
+    TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"STATUS"}, {"PRI", Align::Right, kWide}, {"START"},
+                     {"UNTIL", Align::Left, kWide}, {"STARTED", Align::Left, kWide}, {"JOBS", Align::Right},
+                     {"SUCC", Align::Right}, {"EXEC", Align::Right, kWide}, {"ABEND", Align::Right},
+                     {"FAIL", Align::Right}, {"DEPS", Align::Right}, {"FLAGS", Align::Left, kWide}},
+                    tableForm());
     auto addRow = [&](const unsigned char* r) {
         table.add({cpu.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
                    local_date_time(schedDate.integer(r), start.integer(r)),
@@ -430,9 +436,11 @@ int Session::jobs() {
                     timeStarted = f("sj_time_started"), elapse = f("sj_elapse_time"), untilDate = f("sj_until_date"),
                     untilTime = f("sj_until_time"), depends = f("sj_num_depends"), flags = f("sj_flags"),
                     flags2 = f("sj_flags2"), reFlags = f("sj_re_flags");
-    TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"JOB"}, {"STATUS"}, {"PRI", Align::Right}, {"USER"},
-                     {"START"}, {"STARTED"}, {"ELAPSE", Align::Right}, {"UNTIL"}, {"DEPS", Align::Right},
-                     {"FLAGS"}, {"SCRIPT"}});
+    TextTable table({{"WORKSTATION"}, {"SCHEDULE"}, {"JOB"}, {"STATUS"}, {"PRI", Align::Right, kWide},
+                     {"USER", Align::Left, kWide}, {"START"}, {"STARTED"}, {"ELAPSE", Align::Right, kWide},
+                     {"UNTIL", Align::Left, kWide}, {"DEPS", Align::Right, kWide}, {"FLAGS", Align::Left, kWide},
+                     {"SCRIPT", Align::Left, kWide}},
+                    tableForm());
     auto addRow = [&](const unsigned char* r) {
         table.add({cpu.text(r), sched.text(r), name.text(r), state_name(status.integer(r)), number(pri.integer(r)),
                    user.text(r), local_date_time(schedDate.integer(r), start.integer(r)),

@@ -20,8 +20,13 @@ std::size_t display_width(std::string_view s) {
     return n;
 }
 
-TextTable::TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {
-    for (const Column& col : columns_) width_.push_back(display_width(col.title));
+TextTable::TextTable(std::vector<Column> columns, Form form) {
+    for (Column& col : columns) {
+        shown_.push_back(form == Form::Wide || !col.wideOnly);
+        if (!shown_.back()) continue;
+        width_.push_back(display_width(col.title));
+        columns_.push_back(std::move(col));
+    }
 }
 
 void TextTable::add(std::initializer_list<std::string_view> cells) {
@@ -32,8 +37,10 @@ void TextTable::add(std::initializer_list<std::string_view> cells) {
         blocks_.emplace_back().reserve(std::max(bytes, size));
     }
     std::size_t c = 0;
+    std::size_t given = 0;
     for (std::string_view cell : cells) {
         if (c == columns_.size()) break;
+        if (given < shown_.size() && !shown_[given++]) continue;
         append(c++, cell);
     }
     for (; c < columns_.size(); ++c) append(c, {});

@@ -17,9 +17,13 @@ public:
     struct Column {
         std::string title;
         Align align = Align::Left;
+        bool wideOnly = false;  // shown in the wide form only
     };
+    enum class Form { Narrow, Wide };
 
-    explicit TextTable(std::vector<Column> columns);
+    // Rows are added with a cell for every column; the narrow form leaves
+    // out the wide-only ones.
+    explicit TextTable(std::vector<Column> columns, Form form = Form::Wide);
 
     // A row with fewer cells than columns is padded with empty cells.
     void add(std::initializer_list<std::string_view> cells);
@@ -30,7 +34,8 @@ public:
 private:
     void append(std::size_t column, std::string_view cell);
 
-    std::vector<Column> columns_;
+    std::vector<Column> columns_;  // the columns shown
+    std::vector<bool> shown_;      // for every column given
     std::vector<std::size_t> width_;  // widest cell of each column so far, title included
     // The cells only, each ended by a NUL (control bytes never stay in a
     // cell), row after row, in blocks that a row never straddles: a long
