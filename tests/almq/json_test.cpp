@@ -36,13 +36,14 @@ TEST(AlmqJson, InfoCarriesTheNineOpenStrings) {
     ASSERT_EQ(lines.size(), 1u);
     const Json& j = lines[0];
     EXPECT_EQ(j.keys, (std::vector<std::string>{"plan", "return_code", "error_text", "handle", "sh_sched_date",
-                                               "sh_day_start", "sh_cpu_id", "sh_mast_cpu", "sh_job_fence",
+                                               "sh_sched_date_iso", "sh_day_start", "sh_cpu_id", "sh_mast_cpu", "sh_job_fence",
                                                "sh_alm_version"}));
     EXPECT_EQ(j.s("plan"), "Almanack");
     EXPECT_EQ(j.i("return_code"), 0);
     EXPECT_EQ(j.s("error_text"), "");
     EXPECT_GT(j.i("handle"), 0);
     EXPECT_EQ(j.i("sh_sched_date"), 20261122);
+    EXPECT_EQ(j.s("sh_sched_date_iso"), "2026-11-22");
     EXPECT_EQ(j.i("sh_day_start"), 600);
     EXPECT_EQ(j.s("sh_cpu_id"), "MASTER");
     EXPECT_EQ(j.s("sh_mast_cpu"), "MASTER");
@@ -53,8 +54,8 @@ TEST(AlmqJson, InfoCarriesTheNineOpenStrings) {
 TEST(AlmqJson, WorkstationsDecodeEveryField) {
     const auto lines = json_lines({"--json", "cpus"});
     ASSERT_EQ(lines.size(), 3u);
-    // Every field of the record layout, in record order.
-    EXPECT_EQ(lines[0].keys.size(), 44u);
+    // Every field of the record layout, in record order, and the start's ISO text.
+    EXPECT_EQ(lines[0].keys.size(), 45u);
     EXPECT_EQ(lines[0].keys.front(), "alm_rec_type");
     EXPECT_EQ(lines[0].keys.back(), "sci_filler5");
     EXPECT_EQ(lines[0]["sci_filler5"].items.size(), 65u);
@@ -267,6 +268,36 @@ TEST(AlmqJson, LogsAndPing) {
         EXPECT_EQ(pings[k].i("id"), static_cast<std::int64_t>(k + 1));
         EXPECT_EQ(pings[k].i("bytes"), 24);
         EXPECT_GE(pings[k].i("usec"), 0);
+    }
+}
+
+// --fields: the chosen members in the order given, as JSON or as a table;
+// dates beside their numbers as local ISO 8601 text, null where none.
+TEST(AlmqJson, FieldsChooseMembersAndColumns) {
+    const AlmqHome& home = sample_home();
+    struct Case {
+        std::vector<std::string> args;
+        int status;
+        const char* out;  // the whole output, or the error line
+    } cases[] = {
+        {{"--json", "--fields", "sj_until_date_iso,sj_job_name,sj_until_time", "jobs", "AGENT1", "BILLING", "INVOICE"},
+         0, "{\"sj_until_date_iso\":\"2026-11-22T23:00:00-05:00\",\"sj_job_name\":\"INVOICE\",\"sj_until_time\":2300}\n"},
+        {{"--fields=sj_job_name,sj_date_started_iso,sj_sched_date_iso", "jobs", "AGENT1", "LOADDATA", "GET@"}, 0,
+         "sj_job_name  sj_date_started_iso        sj_sched_date_iso\n"
+         "GETORD       2026-11-22T08:01:00-05:00  2026-11-22T08:00:00-05:00\n"
+         "GETPAY       2026-11-22T08:02:00-05:00  -\n"},
+        {{"--json", "--fields", "role,ss_sched_name,sj_job_name", "deps", "AGENT1", "LOADDATA", "GETORD"}, 0,
+         "{\"role\":\"schedule\",\"ss_sched_name\":\"LOADDATA\"}\n{\"role\":\"dependency\",\"ss_sched_name\":"
+         "\"STARTDAY\"}\n{\"role\":\"job\",\"sj_job_name\":\"GETORD\"}\n{\"role\":\"dependency\"}\n"},
+        {{"--fields", "sh_sched_date_iso,sh_cpu_id", "info"}, 0, "sh_sched_date_iso  sh_cpu_id\n2026-11-22         MASTER\n"},
+        {{"--fields", "sj_job_name,nosuch", "jobs"}, 2, "almq: no field named nosuch here (almq --json shows the names)\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::PrintToString(c.args));
+        const RunResult r = home.runAlmq(c.args);
+        EXPECT_EQ(r.status, c.status);
+        EXPECT_EQ(c.status == 0 ? r.out : r.err, c.out);
+        EXPECT_EQ(c.status == 0 ? r.err : r.out, "");
     }
 }
 

@@ -300,12 +300,12 @@ TEST(AlmqTables, LocalTimesSurviveEveryZone) {
         AlmqHome home(zone);
         ASSERT_TRUE(home.ok());
         ASSERT_TRUE(home.buildPlan(kSampleDesc, "Almanack"));
-        const RunResult r = home.runAlmq({"jobs", "AGENT1", "@", "@"});
+        const RunResult r = home.runAlmq({"--wide", "jobs", "AGENT1", "@", "@"});
         ASSERT_EQ(r.status, 0) << r.err;
         EXPECT_EQ(row(r, {"AGENT1", "LOADDATA", "GETORD"})[6], "2026-11-22 08:00");
         EXPECT_EQ(row(r, {"AGENT1", "LOADDATA", "GETORD"})[7], "2026-11-22 08:01");
         EXPECT_EQ(row(r, {"AGENT1", "BILLING", "INVOICE"})[9], "2026-11-22 23:00");
-        const RunResult c = home.runAlmq({"cpus", "MASTER"});
+        const RunResult c = home.runAlmq({"--wide", "cpus", "MASTER"});
         EXPECT_EQ(row(c, {"MASTER"})[8], "2026-11-22 06:00");
     }
 }

@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "deptree.h"
 #include "hexdump.h"
 #include "jsonwriter.h"
+#include "linefields.h"
 #include "plan/almrecs.h"
 #include "planpath.h"
 #include "planview.h"
@@ -77,8 +79,20 @@ std::string pattern_text(const std::vector<std::string>& patterns) {
 class Session {
 public:
     Session(const Options& o, OutputSink& sink, std::string& err)
-        : o_(o), sink_(sink), err_(err), link_(o.timeoutMs) {
+        : o_(o),
+          json_(o.output == OutputForm::Json || (o.output == OutputForm::Table && !o.fields.empty())),
+          table_(o.output == OutputForm::Table && o.fields.empty()),
+          lineFields_(o.fields),
+          sink_(sink),
+          err_(err),
+          link_(o.timeoutMs) {
         link_.keepFrames(o.output == OutputForm::Raw);
+        // Tables of chosen fields are made from the JSON lines.
+        if (o.output == OutputForm::Table && !o.fields.empty()) {
+            std::vector<TextTable::Column> columns;
+            for (const std::string& f : o.fields) columns.push_back({f});
+            fieldTable_.emplace(std::move(columns));
+        }
     }
 
     int run();
@@ -131,6 +145,8 @@ private:
     // The JSON line of a whole record.
     void recordLine(const unsigned char* rec, RecordKind kind, ReplySource source);
     void showTable(const TextTable& table);
+    // The lines' chosen fields, or a usage error for a name that none had.
+    int showFields();
 
     int ping();
     int logs();
@@ -145,6 +161,12 @@ private:
     static constexpr std::size_t kSpillBytes = 1 << 16;
 
     const Options& o_;
+    const bool json_;   // lines of JSON, shown as such or as a table of chosen fields
+    const bool table_;  // the command's own table
+    LineFields lineFields_;
+    std::optional<TextTable> fieldTable_;
+    std::string line_;  // the JSON line being written
+    std::vector<std::string> cells_;
     OutputSink& sink_;
     std::string out_;
     bool framesShown_ = false;
@@ -180,6 +202,7 @@ int Session::run() {
         case Command::Deps: status = deps(); break;
     }
     if (status == EXIT_SERVER) return status;
+    if (status == EXIT_OK && !o_.fields.empty()) status = showFields();
     if (needsPlan && !closePlan(error)) return fail(error);
     if (!link_.finish(error)) return fail(error);
     dumpFrames();
@@ -217,14 +240,14 @@ bool Session::closePlan(std::string& error) {
 int Session::recordListing(std::uint32_t type, RecordKind kind, ReplySource source, TextTable& table,
                            const RecordHandler& addRow, const char* one, const char* many) {
     auto onRecord = [&](const unsigned char* rec) {
-        if (o_.output == OutputForm::Json) return recordLine(rec, kind, source);
+        if (json_) return recordLine(rec, kind, source);
         addRow(rec);
     };
     std::uint32_t count = 0;
     std::string error;
     if (!link_.callRecords(type, queryArgs(), onRecord, count, error)) return fail(error);
     if (count == 0) return noMatch(one);
-    if (o_.output == OutputForm::Table) {
+    if (table_) {
         showTable(table);
         out_ += plural(table.rows(), one, many) + "\n";
     }
@@ -232,11 +255,29 @@ int Session::recordListing(std::uint32_t type, RecordKind kind, ReplySource sour
 }
 
 void Session::jsonLine(const std::function<void(JsonWriter&)>& fill) {
-    JsonWriter w(out_);
+    line_.clear();
+    JsonWriter w(line_);
     w.beginObject();
     fill(w);
     w.endObject();
+    if (fieldTable_) {
+        lineFields_.cells(line_, cells_);
+        fieldTable_->add(cells_);
+        return;
+    }
+    lineFields_.json(line_, out_);
     out_ += '\n';
+}
+
+int Session::showFields() {
+    const std::string unseen = lineFields_.unseen();
+    if (!unseen.empty()) {
+        out_.clear();
+        err_ = "almq: no field named " + unseen + " here (almq --json shows the names)";
+        return EXIT_USAGE;
+    }
+    if (fieldTable_) showTable(*fieldTable_);
+    return EXIT_OK;
 }
 
 void Session::recordLine(const unsigned char* rec, RecordKind kind, ReplySource source) {
@@ -279,7 +320,7 @@ int Session::ping() {
         least = i == 1 || us < least ? us : least;
         most = us > most ? us : most;
         const std::size_t bytes = ALM_FRAME_HEADER_BYTES + reply.bodySize();
-        if (o_.output == OutputForm::Json) {
+        if (json_) {
             jsonLine([&](JsonWriter& w) {
                 w.member("seq", i);
                 w.member("id", reply.header.id);
@@ -292,7 +333,7 @@ int Session::ping() {
             table.add({std::to_string(i), std::to_string(reply.header.id), std::to_string(bytes), ms});
         }
     }
-    if (o_.output == OutputForm::Table) {
+    if (table_) {
         char summary[160];
         std::snprintf(summary, sizeof summary, "%ld round trips: min %.3f ms, avg %.3f ms, max %.3f ms\n",
                       o_.pingCount, least / 1000, total / 1000 / static_cast<double>(o_.pingCount), most / 1000);
@@ -310,7 +351,7 @@ int Session::logs() {
     names.resize(std::min<std::size_t>(names.size(), reply.header.numData));
     TextTable table({{"PLAN"}, {"PATH"}});
     for (const std::string& path : names) {
-        if (o_.output == OutputForm::Json) {
+        if (json_) {
             jsonLine([&](JsonWriter& w) { w.member("path", path); });
         } else {
             const auto slash = path.rfind('/');
@@ -321,7 +362,7 @@ int Session::logs() {
         err_ = "almq: no archived plans";
         return EXIT_NO_MATCH;
     }
-    if (o_.output == OutputForm::Table) {
+    if (table_) {
         showTable(table);
         out_ += plural(names.size(), "archived plan", "archived plans") + "\n";
     }
@@ -329,7 +370,7 @@ int Session::logs() {
 }
 
 int Session::info() {
-    if (o_.output == OutputForm::Json) {
+    if (json_) {
         jsonLine([&](JsonWriter& w) {
             w.member("plan", o_.plan);
             for (std::size_t i = 0; i < kOpenStrings; ++i) {
@@ -578,7 +619,7 @@ int Session::deps() {
         depCount += n.role == DepRole::Dependency;
         if (o_.output == OutputForm::Dot) {
             graph.add(n, rec);
-        } else if (o_.output == OutputForm::Json) {
+        } else if (json_) {
             depLine(n, rec);
         } else {
             if (n.role == DepRole::Schedule && records > 0) out_ += "\n";
@@ -600,7 +641,7 @@ int Session::deps() {
         return noMatch("job");
     }
     if (o_.output == OutputForm::Dot) graph.render(out_);
-    if (o_.output == OutputForm::Table) {
+    if (table_) {
         out_ += "\n" + plural(scheds, "schedule", "schedules") + ", " + plural(jobs, "job", "jobs") + ", " +
                 plural(links, "restart link", "restart links") + ", " +
                 plural(depCount, "dependency", "dependencies");

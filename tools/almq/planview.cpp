@@ -105,15 +105,35 @@ std::string join_flags(std::initializer_list<std::string> parts) {
     return out.empty() ? "-" : out;
 }
 
-std::string local_date_time(std::int64_t dayEpoch, std::int64_t hhmm) {
+namespace {
+
+// The wire date with its hhmm time in the local zone; false for a no-date value.
+bool local_tm(std::int64_t dayEpoch, std::int64_t hhmm, std::tm& tm) {
     const auto day = static_cast<std::int32_t>(dayEpoch);
-    if (dayEpoch != day || is_no_date(day)) return "-";
+    if (dayEpoch != day || is_no_date(day)) return false;
     const std::time_t local = GMT_to_localEpoch(day, static_cast<std::int16_t>(hhmm));
+    return localtime_r(&local, &tm) != nullptr;
+}
+
+}  // namespace
+
+std::string local_date_time(std::int64_t dayEpoch, std::int64_t hhmm) {
     std::tm tm{};
-    if (localtime_r(&local, &tm) == nullptr) return "-";
     char buf[32];
-    if (std::strftime(buf, sizeof buf, "%Y-%m-%d %H:%M", &tm) == 0) return "-";
+    if (!local_tm(dayEpoch, hhmm, tm) || std::strftime(buf, sizeof buf, "%Y-%m-%d %H:%M", &tm) == 0) return "-";
     return buf;
+}
+
+std::string iso_date_time(std::int64_t dayEpoch, std::int64_t hhmm) {
+    std::tm tm{};
+    char buf[48];
+    if (!local_tm(dayEpoch, hhmm, tm) || std::strftime(buf, sizeof buf, "%Y-%m-%dT%H:%M:%S", &tm) == 0) return {};
+    // Zones lie within a day of UTC.
+    const int offset = static_cast<int>(tm.tm_gmtoff / 60 % (24 * 60));
+    const int minutes = offset < 0 ? -offset : offset;
+    char zone[16];
+    std::snprintf(zone, sizeof zone, "%c%02d:%02d", offset < 0 ? '-' : '+', minutes / 60, minutes % 60);
+    return std::string(buf) + zone;
 }
 
 std::string hhmm_text(std::int64_t hhmm) {

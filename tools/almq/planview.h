@@ -21,6 +21,9 @@ std::string join_flags(std::initializer_list<std::string> parts);
 // A wire date (GMT day epoch) with its hhmm time as local "YYYY-MM-DD HH:MM";
 // "-" for a no-date value.
 std::string local_date_time(std::int64_t dayEpoch, std::int64_t hhmm);
+// The same as ISO 8601 text with the zone's offset, "YYYY-MM-DDTHH:MM:00+hh:mm";
+// "" for a no-date value.
+std::string iso_date_time(std::int64_t dayEpoch, std::int64_t hhmm);
 // An hhmm value as "HH:MM".
 std::string hhmm_text(std::int64_t hhmm);
 // A plan date number from the open reply (yymmdd or ccyymmdd) as YYYY-MM-DD.

@@ -29,16 +29,22 @@ TextTable::TextTable(std::vector<Column> columns, Form form) {
     }
 }
 
-void TextTable::add(std::initializer_list<std::string_view> cells) {
+void TextTable::add(const std::vector<std::string>& cells) {
+    const std::vector<std::string_view> views(cells.begin(), cells.end());
+    add(views.data(), views.size());
+}
+
+void TextTable::add(const std::string_view* cells, std::size_t count) {
     std::size_t bytes = columns_.size();
-    for (std::string_view cell : cells) bytes += cell.size();
+    for (std::size_t i = 0; i < count; ++i) bytes += cells[i].size();
     if (blocks_.empty() || blocks_.back().size() + bytes > blocks_.back().capacity()) {
         const std::size_t size = blocks_.empty() ? kFirstBlockBytes : std::min(2 * blocks_.back().capacity(), kBlockBytes);
         blocks_.emplace_back().reserve(std::max(bytes, size));
     }
     std::size_t c = 0;
     std::size_t given = 0;
-    for (std::string_view cell : cells) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string_view cell = cells[i];
         if (c == columns_.size()) break;
         if (given < shown_.size() && !shown_[given++]) continue;
         append(c++, cell);

@@ -26,12 +26,14 @@ public:
     explicit TextTable(std::vector<Column> columns, Form form = Form::Wide);
 
     // A row with fewer cells than columns is padded with empty cells.
-    void add(std::initializer_list<std::string_view> cells);
+    void add(std::initializer_list<std::string_view> cells) { add(cells.begin(), cells.size()); }
+    void add(const std::vector<std::string>& cells);
     std::size_t rows() const { return rows_; }
     // Hands the table out line by line, each with its newline.
     void render(const std::function<void(std::string_view)>& emit) const;
 
 private:
+    void add(const std::string_view* cells, std::size_t count);
     void append(std::size_t column, std::string_view cell);
 
     std::vector<Column> columns_;  // the columns shown
