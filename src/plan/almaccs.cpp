@@ -158,18 +158,11 @@ int alm_measure(alm_comarea* alm_ca) {
     return alm_ca->num_recs;
 }
 
-int alm_open_text(const char* filename, int mode, int flags, alm_comarea** alm_ca, SH_RECTYPE* sh_rec,
-                  char* errtext) {
-    char scratch[ALM_ERRTEXT_SIZE];
-    if (errtext == nullptr) errtext = scratch;
-    errtext[0] = '\0';
-    if (alm_ca == nullptr) {
-        msg_almerr(nullptr, errtext, ALM_ERRTEXT_SIZE);
-        return ALM_E_HANDLE;
-    }
-    *alm_ca = nullptr;
-    if (filename == nullptr) filename = "";
+namespace {
 
+// A session for filename, not yet open: its header and name are the caller's
+// or its own as the flags say. Null when memory runs out.
+std::unique_ptr<alm_comarea> new_session(const char* filename, int mode, int flags, SH_RECTYPE* sh_rec) {
     std::unique_ptr<alm_comarea> ca;
     try {
         ca = std::make_unique<alm_comarea>();
@@ -190,14 +183,57 @@ int alm_open_text(const char* filename, int mode, int flags, alm_comarea** alm_c
             ca->filename = ca->own_filename.get();
         }
     } catch (const std::bad_alloc&) {
-        fs_error(-1, ENOMEM, errtext, ALM_ERRTEXT_SIZE);
-        return ALM_E_NOMEM;
+        return nullptr;
     }
     ca->magic_num = ALM_MAGIC;
     ca->wildcards = WILDCARDS;
     ca->match = c_patternmatch;
     for (int i = 0; i < ALM_NUM_KINDS; ++i)
         ca->rec_types[i] = static_cast<std::int16_t>(load_le16(KIND_WORDS + 2 * i));
+    return ca;
+}
+
+// Reads the header into the session (and sh_rec) through the same read path
+// as every record; its first half tells the version, and so whether there
+// is a second half. A short read is not an error here: the missing bytes
+// stay zero. Returns 0 or the error code, errno telling why.
+int read_open_header(alm_comarea* ca, SH_RECTYPE* sh_rec) {
+    ALMRECTYPE_INT raw;
+    std::memset(&raw, 0, sizeof raw);
+    if (alm_pread(ca, raw.v2.bytes, HALF_HEADER, 0) < 0) return ALM_E_READ;
+    const auto version = static_cast<std::int16_t>(load_le16(raw.v2.bytes + VERSION_OFFSET));
+    if (version == 1 && alm_pread(ca, raw.v2.bytes + HALF_HEADER, HALF_HEADER, HALF_HEADER) < 0)
+        return ALM_E_SEEK;
+
+    // Versions without a conversion keep the header as stored, so that the
+    // session still knows the file's record size.
+    ALMRECTYPE ext;
+    std::memcpy(&ext, &raw, sizeof ext);
+    alm_i_2_e(&raw, &ext, version);
+    std::memcpy(static_cast<void*>(ca->sh_rec), &ext.sh, sizeof(SH_RECTYPE));
+    if (sh_rec != nullptr && sh_rec != ca->sh_rec) std::memcpy(static_cast<void*>(sh_rec), ca->sh_rec, sizeof *sh_rec);
+    return ALM_OK;
+}
+
+}  // namespace
+
+int alm_open_text(const char* filename, int mode, int flags, alm_comarea** alm_ca, SH_RECTYPE* sh_rec,
+                  char* errtext) {
+    char scratch[ALM_ERRTEXT_SIZE];
+    if (errtext == nullptr) errtext = scratch;
+    errtext[0] = '\0';
+    if (alm_ca == nullptr) {
+        msg_almerr(nullptr, errtext, ALM_ERRTEXT_SIZE);
+        return ALM_E_HANDLE;
+    }
+    *alm_ca = nullptr;
+    if (filename == nullptr) filename = "";
+
+    std::unique_ptr<alm_comarea> ca = new_session(filename, mode, flags, sh_rec);
+    if (!ca) {
+        fs_error(-1, ENOMEM, errtext, ALM_ERRTEXT_SIZE);
+        return ALM_E_NOMEM;
+    }
 
     auto fail = [&](int code, int err_num) {
         ca->err_type = code;
@@ -227,22 +263,7 @@ int alm_open_text(const char* filename, int mode, int flags, alm_comarea** alm_c
     int lock = ca->exclusive ? ALM_LOCK_WRITE_FILE : ((mode & ALM_MODE_UPDATE) ? ALM_LOCK_UPDATER : ALM_LOCK_READER);
     if (alm_lock(ca.get(), lock, 0) != 0) return fail(ca->err_type, ca->err_num);
 
-    // A short header read is not an error here: the missing bytes stay zero.
-    ALMRECTYPE_INT raw;
-    std::memset(&raw, 0, sizeof raw);
-    if (pread_retry(ca->fnum, raw.v2.bytes, HALF_HEADER, 0) < 0) return fail(ALM_E_READ, errno);
-    const auto version = static_cast<std::int16_t>(load_le16(raw.v2.bytes + VERSION_OFFSET));
-    if (version == 1 && pread_retry(ca->fnum, raw.v2.bytes + HALF_HEADER, HALF_HEADER, HALF_HEADER) < 0)
-        return fail(ALM_E_SEEK, errno);
-
-    // Versions without a conversion keep the header as stored, so that the
-    // session still knows the file's record size.
-    ALMRECTYPE ext;
-    std::memcpy(&ext, &raw, sizeof ext);
-    alm_i_2_e(&raw, &ext, version);
-    std::memcpy(static_cast<void*>(ca->sh_rec), &ext.sh, sizeof(SH_RECTYPE));
-    if (sh_rec != nullptr && sh_rec != ca->sh_rec) std::memcpy(static_cast<void*>(sh_rec), ca->sh_rec, sizeof *sh_rec);
-
+    if (const int code = read_open_header(ca.get(), sh_rec); code != ALM_OK) return fail(code, errno);
     if (!measure(ca.get())) return fail(ALM_E_FSTAT, errno);
     if (!ca->exclusive) ca->production = is_production_name(ca->filename) ? 1 : 0;
 

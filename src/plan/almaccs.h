@@ -73,13 +73,20 @@ enum alm_kind_slot : int {
 
 using alm_match_fn = int (*)(const char* field, const char* pattern, int fieldlen, int patlen);
 
-// Progress of one kind of chain walk, so that a looping chain ends: a walk
-// takes at most num_recs steps. It restarts when a lookup gets cursor 0 or a
-// cursor other than the one it handed out last; a resumed cursor thus keeps
-// counting where the previous call stopped.
+// Progress of a walk along a chain of records, so that a looping chain in a
+// damaged plan ends: a walk takes at most num_recs steps. Every chain walk
+// (the lookups, one per kind of lookup, and the followers of other links)
+// takes its steps through step(). A lookup's walk restarts when the lookup
+// gets cursor 0 or a cursor other than the one it handed out last; a
+// resumed cursor thus keeps counting where the previous call stopped.
 struct alm_walk {
     std::uint32_t cursor_out = 0;
     std::int64_t steps = 0;
+
+    // One more record on this walk, or false when the walk has used up as
+    // many steps as the file has records (measured again before giving up,
+    // since the file may have grown). Defined with the lookups.
+    bool step(alm_comarea* ca);
 };
 
 // A job walk also remembers where it stands, so that a call continuing from

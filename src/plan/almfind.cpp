@@ -82,17 +82,6 @@ void begin_walk(alm_walk& w, std::uint32_t start) {
     if (start == 0 || start != w.cursor_out) w.steps = 0;
 }
 
-// One more record on this walk, or false when the walk has used up as many
-// steps as the file has records (measured again before giving up, since
-// the file may have grown).
-bool take_step(alm_comarea* ca, alm_walk& w) {
-    if (w.steps >= ca->num_recs) {
-        if (ca->exclusive || alm_measure(ca) < 0 || w.steps >= ca->num_recs) return false;
-    }
-    ++w.steps;
-    return true;
-}
-
 void not_found(alm_comarea* ca, std::int16_t expected) {
     ca->err_type = ALM_E_NOTFOUND;
     ca->err_num = 0;
@@ -244,7 +233,7 @@ WalkEnd walk_scheds(alm_comarea* ca, alm_walk& walk, const SchedQuery& q, std::u
     *last = NULL_REC;
     if (const std::optional<WalkEnd> end = walk_indexed(ca, walk, q, rec, ss, found, last)) return *end;
     while (rec != NULL_REC) {
-        if (!take_step(ca, walk)) return WalkEnd::End;
+        if (!walk.step(ca)) return WalkEnd::End;
         if (alm_read_sched(ca, rec, ss) < 0) return WalkEnd::ReadFailed;
         if (matches(ca, ss->ss_sched_name, q.w.sched, q.sched) && matches(ca, ss->ss_cpu_id, q.w.cpu, q.cpu)) {
             *found = rec;
@@ -274,7 +263,7 @@ std::uint32_t find_cpu(alm_comarea* ca, const char* cpu, std::uint32_t& start, S
     std::uint32_t rec = start;
     std::uint32_t last = NULL_REC;
     while (rec != NULL_REC) {
-        if (!take_step(ca, ca->cpu_walk)) break;
+        if (!ca->cpu_walk.step(ca)) break;
         if (alm_read_cpu_info(ca, rec, sci) < 0) {
             start = NULL_REC;
             return NULL_REC;
@@ -394,7 +383,7 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
 
     for (;;) {
         while (qualifies && start != NULL_REC) {
-            if (!take_step(ca, walk)) {
+            if (!walk.step(ca)) {
                 not_found(ca, SJ_CODE);
                 start = NULL_REC;
                 return NULL_REC;
@@ -433,6 +422,14 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
 }
 
 }  // namespace
+
+bool alm_walk::step(alm_comarea* ca) {
+    if (steps >= ca->num_recs) {
+        if (ca->exclusive || alm_measure(ca) < 0 || steps >= ca->num_recs) return false;
+    }
+    ++steps;
+    return true;
+}
 
 std::uint32_t alm_find_cpu(alm_comarea* alm_ca, const char* cpu, std::uint32_t& start, SCI_RECTYPE* sci_rec) {
     SCI_RECTYPE scratch;

@@ -53,14 +53,11 @@ std::int64_t countedDependencies(const Dependencies& d) {
     return n;
 }
 
-// A chain or a search on a damaged plan must not outrun the file: no walk
-// takes more steps than the file has records.
-bool withinPlan(const alm_comarea* ca, std::int64_t steps) { return steps <= ca->num_recs; }
-
 // The walk both passes share: each schedule matching the patterns, then each
 // of its jobs matching the job pattern, each followed by its restart chain.
 // Visit is called with every record in output order and may convert it in
-// place; whatever the walk still needs is taken before the call.
+// place; whatever the walk still needs is taken before the call. The lookups
+// bound their own walks; the restart chain is bounded by its own walk.
 template <class Visit>
 void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPattern, const char* jobPattern,
                  Visit& visit) {
@@ -72,21 +69,17 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
     SJ_RECTYPE chained;
 
     std::uint32_t ss_start = 0;
-    for (std::int64_t schedules = 0;
-         withinPlan(ca, schedules) && alm_find_sched(ca, cpuPattern, schedPattern, ss_start, &ss) != NULL_REC;
-         ++schedules) {
+    while (alm_find_sched(ca, cpuPattern, schedPattern, ss_start, &ss) != NULL_REC) {
         pac_to_str(ss.ss_cpu_id, cpu, width);
         pac_to_str(ss.ss_sched_name, schedule, width);
         visit.schedule(ss);
 
         std::uint32_t sj_start = 0;
-        for (std::int64_t jobs = 0;
-             withinPlan(ca, jobs) && alm_find_job(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC;
-             ++jobs) {
+        while (alm_find_job(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC) {
             std::uint32_t link = sj.sj_restart_ptr;
             visit.job(sj);
-            for (std::int64_t links = 0; link != NULL_REC && withinPlan(ca, links); ++links) {
-                if (alm_read_job(ca, link, &chained) < 0) break;
+            alm_walk restarts;
+            while (link != NULL_REC && restarts.step(ca) && alm_read_job(ca, link, &chained) >= 0) {
                 link = chained.sj_restart_ptr;
                 visit.job(chained);
             }

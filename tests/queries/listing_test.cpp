@@ -2,6 +2,7 @@
 // dependency, unreadable targets, odd flag bytes and restart chains.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -89,6 +90,9 @@ schedule A VERYLONGSCHED
 job LJ
 schedule B S1
 job BJ
+schedule B LOOP
+job L1
+restart B LOOP L1
 )";
 
 class Listings : public PlanSession {
@@ -169,6 +173,17 @@ TEST_F(Listings, NameWidthFollowsTheLastOpenedPlan) {
     EXPECT_TRUE(server_.open(v1_ + ".missing").empty());  // a failed open changes nothing
     const Listing again = readListing(server_, 32, {handle_, "A", "VERYLONGSCHED", "@"}, 2);
     EXPECT_EQ(again.header.numData, 2u);
+}
+
+TEST_F(Listings, LoopingRestartChainEndsAfterAsManyLinksAsRecords) {
+    // L1 restarts into itself: the chain is followed once per record in the
+    // file, after the schedule and L1 itself.
+    const auto records = static_cast<std::uint32_t>(std::filesystem::file_size(plan_) / 512);
+    const Listing l = readListing(server_, 36, {handle_, "B", "LOOP", "@"}, 2 + records);
+    EXPECT_EQ(l.header.numData, 2 + records);
+    ASSERT_EQ(l.labels.size(), 2 + records);
+    EXPECT_EQ(l.labels.back(), "JR:L1");
+    EXPECT_TRUE(server_.nextIsNop(37));
 }
 
 TEST_F(Listings, VersionZeroPlan) {
