@@ -142,20 +142,11 @@ ClientStatus AlmClient::fail(int err) {
     return ClientStatus::IoError;
 }
 
-ClientStatus AlmClient::start(const std::string& program, const std::vector<std::string>& argv,
-                              const SpawnOptions& options) {
-    if (pid_ > 0 || toServer_ >= 0 || fromServer_ >= 0) {
-        errno_ = EBUSY;
-        return ClientStatus::SpawnFailed;
-    }
+namespace {
 
-    // Everything the child needs is built before fork: it only calls
-    // async-signal-safe functions.
-    std::vector<std::string> args = argv.empty() ? std::vector<std::string>{program} : argv;
-    std::vector<char*> cargv;
-    for (std::string& a : args) cargv.push_back(a.data());
-    cargv.push_back(nullptr);
-
+// The inherited environment less the names unsetEnv and extraEnv give, then
+// extraEnv.
+std::vector<std::string> childEnvironment(const SpawnOptions& options) {
     std::vector<std::string> env;
     for (char** e = environ; e && *e; ++e) {
         const std::string entry(*e);
@@ -166,81 +157,127 @@ ClientStatus AlmClient::start(const std::string& program, const std::vector<std:
         if (!drop) env.push_back(entry);
     }
     for (const std::string& x : options.extraEnv) env.push_back(x);
-    std::vector<char*> cenv;
-    for (std::string& e : env) cenv.push_back(e.data());
-    cenv.push_back(nullptr);
+    return env;
+}
 
+std::vector<char*> pointersTo(std::vector<std::string>& strings) {
+    std::vector<char*> out;
+    for (std::string& s : strings) out.push_back(s.data());
+    out.push_back(nullptr);
+    return out;
+}
+
+// The pipes of one start: the child's stdin, stdout and stderr, and the
+// one on which a failed exec reports its errno. All close-on-exec.
+struct SpawnPipes {
     int in[2] = {-1, -1};
     int out[2] = {-1, -1};
     int err[2] = {-1, -1};
     int report[2] = {-1, -1};
-    auto closeAll = [&] {
+
+    ~SpawnPipes() {
         for (int* p : {in, out, err, report})
-            for (int i = 0; i < 2; ++i) closeFd(p[i]);
+            for (int i = 0; i < 2; ++i) closeOne(p[i]);
+    }
+    static void closeOne(int& fd) {
+        if (fd >= 0) ::close(fd);
+        fd = -1;
+    }
+    // Takes fd out of the set, which then no longer closes it.
+    static int take(int& fd) {
+        const int taken = fd;
+        fd = -1;
+        return taken;
+    }
+    bool open(const SpawnOptions& options) {
+        return (options.stdinFd >= 0 || ::pipe2(in, O_CLOEXEC) == 0) && ::pipe2(out, O_CLOEXEC) == 0 &&
+               (!options.captureStderr || ::pipe2(err, O_CLOEXEC) == 0) && ::pipe2(report, O_CLOEXEC) == 0;
+    }
+};
+
+// In the child after fork: only async-signal-safe calls. Puts the pipes in
+// place, restores SIGPIPE and the signal mask, and execs; a failure
+// reports its errno on the report pipe.
+[[noreturn]] void execChild(const std::string& program, char* const* argv, char* const* envp,
+                            const SpawnOptions& options, const SpawnPipes& pipes) {
+    auto place = [](int from, int to) {
+        if (from == to) return ::fcntl(to, F_SETFD, 0) == 0;
+        return ::dup2(from, to) == to;
     };
-    const bool pipeStdin = options.stdinFd < 0;
-    if ((pipeStdin && ::pipe2(in, O_CLOEXEC) != 0) || ::pipe2(out, O_CLOEXEC) != 0 ||
-        (options.captureStderr && ::pipe2(err, O_CLOEXEC) != 0) ||
-        ::pipe2(report, O_CLOEXEC) != 0) {
+    bool ok = place(options.stdinFd < 0 ? pipes.in[0] : options.stdinFd, 0) && place(pipes.out[1], 1) &&
+              (!options.captureStderr || place(pipes.err[1], 2));
+    if (ok) {
+        struct sigaction dfl {};
+        dfl.sa_handler = SIG_DFL;
+        sigaction(SIGPIPE, &dfl, nullptr);
+        sigset_t none;
+        sigemptyset(&none);
+        sigprocmask(SIG_SETMASK, &none, nullptr);
+        ok = options.workDir.empty() || ::chdir(options.workDir.c_str()) == 0;
+    }
+    if (ok) ::execve(program.c_str(), argv, envp);
+    const int e = errno;
+    [[maybe_unused]] ssize_t n = ::write(pipes.report[1], &e, sizeof e);
+    ::_exit(127);
+}
+
+// Whether the child reported a failure (its errno in childErrno) before
+// its exec closed the report pipe.
+bool childFailed(SpawnPipes& pipes, int& childErrno) {
+    SpawnPipes::closeOne(pipes.report[1]);
+    ssize_t n;
+    do {
+        n = ::read(pipes.report[0], &childErrno, sizeof childErrno);
+    } while (n < 0 && errno == EINTR);
+    return n > 0;
+}
+
+}  // namespace
+
+ClientStatus AlmClient::start(const std::string& program, const std::vector<std::string>& argv,
+                              const SpawnOptions& options) {
+    if (pid_ > 0 || toServer_ >= 0 || fromServer_ >= 0) {
+        errno_ = EBUSY;
+        return ClientStatus::SpawnFailed;
+    }
+    // Everything the child needs is built before fork: it only calls
+    // async-signal-safe functions.
+    std::vector<std::string> args = argv.empty() ? std::vector<std::string>{program} : argv;
+    std::vector<std::string> env = childEnvironment(options);
+    const std::vector<char*> cargv = pointersTo(args);
+    const std::vector<char*> cenv = pointersTo(env);
+
+    SpawnPipes pipes;
+    if (!pipes.open(options)) {
         errno_ = errno;
-        closeAll();
         return ClientStatus::SpawnFailed;
     }
 #ifdef F_SETPIPE_SZ
     // A larger pipe lets big replies stream with fewer wake-ups; best effort.
-    ::fcntl(out[0], F_SETPIPE_SZ, 1 << 20);
+    ::fcntl(pipes.out[0], F_SETPIPE_SZ, 1 << 20);
 #endif
-
     const pid_t child = ::fork();
     if (child < 0) {
         errno_ = errno;
-        closeAll();
         return ClientStatus::SpawnFailed;
     }
-    if (child == 0) {
-        auto place = [](int from, int to) {
-            if (from == to) return ::fcntl(to, F_SETFD, 0) == 0;
-            return ::dup2(from, to) == to;
-        };
-        bool ok = place(pipeStdin ? in[0] : options.stdinFd, 0) && place(out[1], 1) &&
-                  (!options.captureStderr || place(err[1], 2));
-        if (ok) {
-            struct sigaction dfl {};
-            dfl.sa_handler = SIG_DFL;
-            sigaction(SIGPIPE, &dfl, nullptr);
-            sigset_t none;
-            sigemptyset(&none);
-            sigprocmask(SIG_SETMASK, &none, nullptr);
-            ok = options.workDir.empty() || ::chdir(options.workDir.c_str()) == 0;
-        }
-        if (ok) ::execve(program.c_str(), cargv.data(), cenv.data());
-        const int e = errno;
-        [[maybe_unused]] ssize_t n = ::write(report[1], &e, sizeof e);
-        ::_exit(127);
-    }
+    if (child == 0) execChild(program, cargv.data(), cenv.data(), options, pipes);
 
-    closeFd(in[0]);
-    closeFd(out[1]);
-    closeFd(err[1]);
-    closeFd(report[1]);
+    SpawnPipes::closeOne(pipes.in[0]);
+    SpawnPipes::closeOne(pipes.out[1]);
+    SpawnPipes::closeOne(pipes.err[1]);
     int childErrno = 0;
-    ssize_t n;
-    do {
-        n = ::read(report[0], &childErrno, sizeof childErrno);
-    } while (n < 0 && errno == EINTR);
-    closeFd(report[0]);
-    if (n > 0) {
+    if (childFailed(pipes, childErrno)) {
         int status = 0;
         while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
         }
         errno_ = childErrno;
-        closeAll();
         return ClientStatus::SpawnFailed;
     }
     pid_ = child;
-    toServer_ = in[1];
-    fromServer_ = out[0];
-    errFromServer_ = err[0];
+    toServer_ = SpawnPipes::take(pipes.in[1]);
+    fromServer_ = SpawnPipes::take(pipes.out[0]);
+    errFromServer_ = SpawnPipes::take(pipes.err[0]);
     aheadPos_ = aheadLen_ = 0;
     return ClientStatus::Ok;
 }

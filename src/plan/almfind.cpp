@@ -337,6 +337,65 @@ void remember(alm_job_walk& walk, const SchedQuery& q, std::uint32_t next_sched,
     keep_pattern(walk.sched, walk.sched_len, q.sched);
 }
 
+// Where a job walk stands besides its cursor: the next schedule to visit,
+// and whether the cursor lies in the job chain of a qualifying schedule.
+struct JobCursor {
+    std::uint32_t next_sched;
+    bool qualifies;
+};
+
+// Looks at the record under a cursor that does not continue the last walk:
+// a schedule still to visit, or a job inside the chain of some schedule.
+// False (start set to 32768) when a record cannot be read.
+bool locate_cursor(alm_comarea* ca, const SchedQuery& q, std::uint32_t& start, JobCursor& at) {
+    at = {start, false};
+    ALMRECTYPE rec;
+    if (alm_read(ca, start, &rec) < 0) {
+        start = NULL_REC;
+        return false;
+    }
+    if (rec.alm_rec_type != SJ_CODE) return true;
+    SS_RECTYPE ss;
+    if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
+        not_found(ca, SS_CODE);
+        start = NULL_REC;
+        return false;
+    }
+    at.next_sched = link(ss.ss_next_sch_ptr);
+    at.qualifies = matches(ca, ss.ss_sched_name, q.w.sched, q.sched) && matches(ca, ss.ss_cpu_id, q.w.cpu, q.cpu);
+    return true;
+}
+
+enum class ChainEnd { Found, Exhausted, Failed };
+
+// Reads the job chain from start to the next job whose name matches jp.
+// Found: start is the cursor to hand out and the walk remembers where it
+// stands. Failed: the lookup is over, start is 32768.
+ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, const Pattern& jp,
+                   const JobCursor& at, std::uint32_t& start, SJ_RECTYPE* sj) {
+    while (start != NULL_REC) {
+        if (!walk.step(ca)) {
+            not_found(ca, SJ_CODE);
+            start = NULL_REC;
+            return ChainEnd::Failed;
+        }
+        const std::uint32_t here = start;
+        if (alm_read_job(ca, here, sj) < 0) {
+            start = NULL_REC;
+            return ChainEnd::Failed;
+        }
+        start = link(sj->sj_next_job_ptr);
+        if (matches(ca, sj->sj_job_name, q.w.job, jp)) {
+            const bool in_chain = start != NULL_REC;
+            if (!in_chain) start = at.next_sched;
+            remember(walk, q, at.next_sched, in_chain);
+            walk.found_at = here;
+            return ChainEnd::Found;
+        }
+    }
+    return ChainEnd::Exhausted;
+}
+
 std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, const char* job, std::uint32_t& start,
                        SJ_RECTYPE* sj) {
     const NameWidths w = widths(ca);
@@ -359,65 +418,26 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
         return NULL_REC;
     }
 
-    // The cursor is either a schedule still to visit or a job inside the
-    // chain of the schedule being visited; a continued walk knows which.
-    std::uint32_t next_sched = start;
-    bool qualifies = false;
-    ALMRECTYPE rec;
-    if (resumed) {
-        next_sched = walk.next_sched;
-        qualifies = walk.in_chain;
-    } else if (alm_read(ca, start, &rec) < 0) {
-        start = NULL_REC;
-        return NULL_REC;
-    } else if (rec.alm_rec_type == SJ_CODE) {
-        SS_RECTYPE ss;
-        if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
-            not_found(ca, SS_CODE);
-            start = NULL_REC;
-            return NULL_REC;
-        }
-        next_sched = link(ss.ss_next_sch_ptr);
-        qualifies = matches(ca, ss.ss_sched_name, w.sched, q.sched) && matches(ca, ss.ss_cpu_id, w.cpu, q.cpu);
-    }
-
+    // A continued walk knows where its cursor stands.
+    JobCursor at{walk.next_sched, walk.in_chain};
+    if (!resumed && !locate_cursor(ca, q, start, at)) return NULL_REC;
     for (;;) {
-        while (qualifies && start != NULL_REC) {
-            if (!walk.step(ca)) {
-                not_found(ca, SJ_CODE);
-                start = NULL_REC;
-                return NULL_REC;
-            }
-            const std::uint32_t at = start;
-            if (alm_read_job(ca, at, sj) < 0) {
-                start = NULL_REC;
-                return NULL_REC;
-            }
-            start = link(sj->sj_next_job_ptr);
-            if (matches(ca, sj->sj_job_name, w.job, jp)) {
-                const bool in_chain = start != NULL_REC;
-                if (!in_chain) start = next_sched;
-                remember(walk, q, next_sched, in_chain);
-                walk.found_at = at;
-                return sj->sj_rec_num;
-            }
+        if (at.qualifies) {
+            const ChainEnd end = scan_jobs(ca, walk, q, jp, at, start, sj);
+            if (end == ChainEnd::Found) return sj->sj_rec_num;
+            if (end == ChainEnd::Failed) return NULL_REC;
         }
         SS_RECTYPE ss;
         std::uint32_t found = NULL_REC;
         std::uint32_t last = NULL_REC;
-        WalkEnd end = walk_scheds(ca, walk, q, next_sched, &ss, &found, &last);
-        if (end == WalkEnd::ReadFailed) {
-            start = NULL_REC;
-            return NULL_REC;
-        }
+        const WalkEnd end = walk_scheds(ca, walk, q, at.next_sched, &ss, &found, &last);
+        if (end != WalkEnd::ReadFailed && end != WalkEnd::Found) not_found(ca, SJ_CODE);
         if (end != WalkEnd::Found) {
-            not_found(ca, SJ_CODE);
             start = NULL_REC;
             return NULL_REC;
         }
         start = link(ss.ss_first_job);
-        next_sched = link(ss.ss_next_sch_ptr);
-        qualifies = true;
+        at = {link(ss.ss_next_sch_ptr), true};
     }
 }
 
