@@ -13,11 +13,13 @@
 
 namespace {
 
+// The scratch file the inputs are written to, removed at exit.
 std::string catalog_path() {
-    char templ[] = "/tmp/fuzz_catalog.XXXXXX";
+    static char templ[] = "/tmp/fuzz_catalog.XXXXXX";
     int fd = ::mkstemp(templ);
     if (fd < 0) std::abort();
     ::close(fd);
+    std::atexit([] { ::unlink(templ); });
     return templ;
 }
 

@@ -16,10 +16,11 @@ namespace {
 
 const std::string& plan_path() {
     static const std::string path = [] {
-        char tmpl[] = "/tmp/fuzz-plan-walk-XXXXXX";
+        static char tmpl[] = "/tmp/fuzz-plan-walk-XXXXXX";
         int fd = ::mkstemp(tmpl);
         if (fd < 0) std::abort();
         ::close(fd);
+        std::atexit([] { ::unlink(tmpl); });
         return std::string(tmpl);
     }();
     return path;

@@ -75,9 +75,10 @@ std::FILE* devNull() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const std::string path = [] {
-        char name[] = "/tmp/fuzz_queries_XXXXXX";
+        static char name[] = "/tmp/fuzz_queries_XXXXXX";
         const int fd = mkstemp(name);
         if (fd >= 0) close(fd);
+        std::atexit([] { unlink(name); });
         return std::string(name);
     }();
     std::FILE* plan = std::fopen(path.c_str(), "wb");
