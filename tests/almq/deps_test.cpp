@@ -7,7 +7,7 @@
 #include <map>
 
 #include "almqhome.h"
-#include "minijson.h"
+#include "jsonlines.h"
 
 namespace alm::almqtest {
 namespace {
@@ -171,7 +171,7 @@ TEST(AlmqDeps, LongListingsArriveWhole) {
     std::string error;
     ASSERT_TRUE(parse_json_lines(json.out, lines, error)) << error;
     std::map<std::string, int> roles;
-    for (const Json& j : lines) ++roles[j.s("role")];
+    for (const Json& j : lines) ++roles[j.at("role").get<std::string>()];
     EXPECT_EQ(roles["schedule"], 30);
     EXPECT_EQ(roles["job"], 300);
     EXPECT_EQ(tree.lines().back(), "30 schedules, 300 jobs, " + std::to_string(roles["restart"]) +

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "almqhome.h"
-#include "minijson.h"
+#include "jsonlines.h"
 
 namespace alm::almqtest {
 namespace {
@@ -208,10 +208,10 @@ TEST(AlmqTables, LongJobListingKeepsEveryRow) {
     for (std::size_t i = 0; i < records.size(); ++i) {
         const auto c = cells(lines[i + 1]);
         ASSERT_EQ(c.size(), 13u) << lines[i + 1];
-        EXPECT_EQ(c[0], records[i].s("sj_cpu_id"));
-        EXPECT_EQ(c[1], records[i].s("sj_schedule"));
-        EXPECT_EQ(c[2], records[i].s("sj_job_name"));
-        EXPECT_EQ(c[12], records[i]["sj_fname_jname"].s("jcl_file"));
+        EXPECT_EQ(c[0], records[i].at("sj_cpu_id"));
+        EXPECT_EQ(c[1], records[i].at("sj_schedule"));
+        EXPECT_EQ(c[2], records[i].at("sj_job_name"));
+        EXPECT_EQ(c[12], records[i].at("sj_fname_jname").at("jcl_file"));
     }
 }
 
