@@ -1,3 +1,4 @@
+// Client side of the protocol: starting a server on pipes, sending requests, reading replies.
 #include "client/almclient.h"
 
 #include <fcntl.h>

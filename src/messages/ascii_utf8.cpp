@@ -1,7 +1,7 @@
 // Converters for ASCII-based code sets: bytes below 128 are ASCII and are
 // copied both ways; everything else goes through the table.
+#include "messages/codeset_tables.h"
 #include "messages/conv.h"
-#include "messages/cstable.h"
 
 namespace alm {
 

@@ -1,3 +1,4 @@
+// Code sets: loading conversion tables, their aliases and registry, and the default code set.
 #include "messages/codeset.h"
 
 #include <fcntl.h>
@@ -8,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "messages/cstable.h"
+#include "messages/codeset_tables.h"
 #include "util/endian.h"
 
 namespace alm {

@@ -1,8 +1,9 @@
+// Shared pieces of the converters: one conversion's source and destination, and copying text through it.
 #include "messages/conv.h"
 
 #include <cstring>
 
-#include "messages/cstable.h"
+#include "messages/codeset_tables.h"
 
 namespace alm {
 

@@ -9,8 +9,8 @@
 // not 2 giving "?". Text written from UTF-8 always ends in single-byte
 // mode: a double-byte character goes out only when the shift-in that
 // closes it (and, for a terminated result, the NUL after that) still fits.
+#include "messages/codeset_tables.h"
 #include "messages/conv.h"
-#include "messages/cstable.h"
 
 namespace alm {
 

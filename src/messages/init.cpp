@@ -6,7 +6,7 @@
 #include <string>
 
 #include "messages/codeset.h"
-#include "messages/cstable.h"
+#include "messages/codeset_tables.h"
 
 namespace alm {
 

@@ -1,3 +1,4 @@
+// Numbered messages: formatting a catalog message with its typed arguments and issuing it.
 #include "messages/issuemsg.h"
 
 #include <syslog.h>

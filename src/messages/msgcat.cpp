@@ -1,3 +1,4 @@
+// Message catalogs in memory: loading, finding sets and messages, and the cache of opened catalogs.
 #include "messages/msgcat.h"
 
 #include <fcntl.h>
@@ -9,7 +10,7 @@
 #include <cstring>
 #include <new>
 
-#include "messages/catfile.h"
+#include "messages/catalogfile.h"
 #include "messages/codeset.h"
 #include "messages/msgstream.h"
 

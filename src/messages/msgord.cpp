@@ -1,3 +1,4 @@
+// The order in which catalogs are looked for: language fallbacks, the search path, the home's catalogs.
 #include "messages/msgord.h"
 
 #include <sys/stat.h>

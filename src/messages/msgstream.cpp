@@ -1,3 +1,4 @@
+// The streams the message facility writes to.
 #include "messages/msgstream.h"
 
 namespace alm {

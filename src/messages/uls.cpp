@@ -1,6 +1,7 @@
+// Text from a code set to UTF-8 and back.
 #include "messages/codeset.h"
+#include "messages/codeset_tables.h"
 #include "messages/conv.h"
-#include "messages/cstable.h"
 
 namespace alm {
 

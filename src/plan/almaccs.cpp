@@ -1,3 +1,4 @@
+// Plan file sessions: open, lock, read and write records, close, error texts.
 #include "plan/almaccs.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// Lookups of workstations, schedules and jobs by name patterns along the plan's chains.
 #include "plan/almfind.h"
 
 #include <algorithm>

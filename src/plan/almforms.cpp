@@ -1,11 +1,12 @@
+// Conversion of records between the file's form (V1 or V2) and the form callers see.
 #include "plan/almforms.h"
 
 #include <cstddef>
 #include <cstring>
 #include <span>
 
-#include "plan/almforms_report.h"
 #include "plan/almforms_v1.h"
+#include "plan/unknownrecord.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
 

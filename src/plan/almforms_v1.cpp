@@ -1,3 +1,4 @@
+// Field-by-field moves between V1 records and the V2 layout.
 #include "plan/almforms_v1.h"
 
 #include <algorithm>

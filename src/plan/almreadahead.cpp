@@ -1,3 +1,4 @@
+// What a session keeps of the plan file while a query walks it.
 #include "plan/almreadahead.h"
 
 #include <unistd.h>

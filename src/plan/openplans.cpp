@@ -1,3 +1,4 @@
+// The plans this process has open, by handle.
 #include "plan/openplans.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// The structural check of a plan file's chains.
 #include "plan/plancheck.h"
 
 #include <cstddef>

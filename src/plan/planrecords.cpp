@@ -1,3 +1,4 @@
+// Raw records of a plan file read by number through a block cache.
 #include "plan/planrecords.h"
 
 #include <fcntl.h>

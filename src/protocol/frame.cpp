@@ -1,3 +1,4 @@
+// Big-endian encoding and decoding of frame headers and requests.
 #include "protocol/frame.h"
 
 #include "util/endian.h"

@@ -1,3 +1,4 @@
+// The singly linked list of untyped values.
 #include "protocol/sll.h"
 
 #include <utility>

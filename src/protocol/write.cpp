@@ -1,3 +1,4 @@
+// Reply framing on the reply stream: whole replies and streamed record replies.
 #include "protocol/write.h"
 
 #include <fcntl.h>

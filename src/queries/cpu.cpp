@@ -1,3 +1,4 @@
+// The workstation query.
 #include "plan/almfind.h"
 #include "plan/openplans.h"
 #include "queries/queries.h"

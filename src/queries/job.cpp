@@ -1,3 +1,4 @@
+// The job query.
 #include <cstdint>
 #include <cstring>
 #include <new>

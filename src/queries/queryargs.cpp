@@ -1,3 +1,4 @@
+// The arguments of a query request and the width of names in records.
 #include "queries/queryargs.h"
 
 #include "plan/openplans.h"

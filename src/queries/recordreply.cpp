@@ -1,3 +1,4 @@
+// Collecting the records of a list query and sending them as one reply.
 #include "queries/recordreply.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// The dependency listing: schedules, their jobs, restart chains and every record they depend on.
 #include <algorithm>
 #include <cstdint>
 #include <cstring>

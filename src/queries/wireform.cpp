@@ -1,3 +1,4 @@
+// Putting plan records into their wire form in place.
 #include "queries/wireform.h"
 
 #include <iterator>

@@ -1,3 +1,4 @@
+// The open, close and archived-plan listing requests and their replies.
 #include "service/files.h"
 
 #include <cstdio>

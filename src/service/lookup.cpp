@@ -1,3 +1,4 @@
+// The dispatch table from command numbers to request handlers.
 #include "service/lookup.h"
 
 #include "queries/queries.h"

@@ -1,3 +1,4 @@
+// The no-operation and exit requests.
 #include "service/nop.h"
 
 #include "protocol/write.h"

@@ -1,3 +1,4 @@
+// The request loop: reading frames, splitting arguments, dispatching, and how the loop ends.
 #include "service/read.h"
 
 #include <cstdlib>

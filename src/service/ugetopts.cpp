@@ -1,3 +1,4 @@
+// The keyword command-line parser.
 #include "service/ugetopts.h"
 
 #include <cstdlib>

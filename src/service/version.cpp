@@ -1,3 +1,4 @@
+// The program's revision and its banner.
 #include "service/version.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+// The scheduler's date and time forms and their conversions.
 #include "util/dateutil.h"
 
 #include <langinfo.h>

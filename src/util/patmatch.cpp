@@ -1,3 +1,4 @@
+// Matching names against the lookups' wildcard patterns.
 #include "util/patmatch.h"
 
 #include <cstdint>

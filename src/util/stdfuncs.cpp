@@ -1,3 +1,4 @@
+// Path qualification under the home directory and the small path functions around it.
 #include "util/stdfuncs.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// Packed strings: fixed-width, blank-padded fields without terminator.
 #include "util/strutil.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// The file finder: a child process lists a directory's files that match a pattern.
 #include "util/sysutils.h"
 
 #include <algorithm>

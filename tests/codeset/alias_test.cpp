@@ -10,7 +10,7 @@
 
 #include "codeset/codeset_helpers.h"
 #include "messages/codeset.h"
-#include "messages/cstable.h"
+#include "messages/codeset_tables.h"
 
 namespace alm {
 namespace {

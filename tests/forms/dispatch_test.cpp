@@ -14,7 +14,7 @@
 #include "dates/date_helpers.h"
 #include "forms/forms_helpers.h"
 #include "plan/almforms.h"
-#include "plan/almforms_report.h"
+#include "plan/unknownrecord.h"
 
 namespace alm {
 namespace {

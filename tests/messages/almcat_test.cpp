@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "messages/catfile.h"
+#include "messages/catalogfile.h"
 #include "messages/msg_helpers.h"
 #include "messages/msgcat.h"
 #include "util/endian.h"

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "messages/catfile.h"
+#include "messages/catalogfile.h"
 #include "util/stdfuncs.h"
 
 namespace alm::msgtest {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "messages/catfile.h"
+#include "messages/catalogfile.h"
 
 namespace alm {
 

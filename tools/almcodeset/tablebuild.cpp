@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#include "messages/cstable.h"
+#include "messages/codeset_tables.h"
 #include "util/endian.h"
 
 namespace alm {

@@ -1,4 +1,5 @@
-#include "plan/almforms_report.h"
+// The report of a record whose type code no conversion knows.
+#include "plan/unknownrecord.h"
 
 #include <cstdio>
 #include <cstring>
