@@ -100,6 +100,30 @@ TEST(ToolUsage, HelpVersionAndBadUsageExitAlike) {
     }
 }
 
+// The installed bash completion offers what the tools' help names.
+TEST(ToolUsage, CompletionOffersWhatHelpNames) {
+    const AlmqHome& home = sample_home();
+    struct Case {
+        const char* tool;
+        const char* line;  // the words being completed; the last is completed
+    } cases[] = {
+        {"almq", "almq -"}, {"almq", "almq --json "}, {"almplan", "almplan "}, {"almplan", "almplan synth -"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.line);
+        const std::string script = std::string(". " ALM_SOURCE_DIR "/completion/") + c.tool +
+                                   "; COMP_WORDS=($1 ''); [ \"${1: -1}\" = ' ' ] || unset 'COMP_WORDS[-1]';"
+                                   " COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _" + c.tool +
+                                   "; printf '%s\\n' \"${COMPREPLY[@]}\"";
+        const RunResult words = home.run("/bin/bash", {"-c", script, "bash", c.line});
+        ASSERT_EQ(words.status, 0) << words.err;
+        const std::vector<std::string> offered = words.lines();
+        EXPECT_GE(offered.size(), 5u);
+        const std::string help = home.run(test::built_program(c.tool), {"--help"}).out;
+        for (const std::string& w : offered) EXPECT_NE(help.find(w), std::string::npos) << w;
+    }
+}
+
 TEST(AlmqUsage, HelpNamesEverySubcommandAndExitsZero) {
     const AlmqHome& home = sample_home();
     for (const char* opt : {"--help", "-h"}) {
