@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "child_process.h"
+#include "common/child_process.h"
 #include "plan/almaccs.h"
 #include "plan/almfind.h"
 #include "plan_files.h"

@@ -1,4 +1,4 @@
-#include "child_process.h"
+#include "common/child_process.h"
 
 #include <signal.h>
 #include <sys/wait.h>
