@@ -103,6 +103,8 @@ public:
     ClientStatus kill(int signal);
 
     pid_t pid() const { return pid_; }
+    // The read end of the server's stderr pipe (captureStderr), or -1.
+    int stderrFd() const { return errFromServer_; }
     bool running() const { return pid_ > 0; }
     int lastErrno() const { return errno_; }
     void setMaxBodyBytes(std::size_t bytes) { maxBodyBytes_ = bytes; }

@@ -42,11 +42,14 @@ std::string ServerLink::describe(ClientStatus st, const char* what) {
 bool ServerLink::start(const std::string& server, std::string& error) {
     server_ = server;
     client_.setMaxBodyBytes(kMaxBodyBytes);
-    ClientStatus st = client_.start(server, {server});
+    SpawnOptions options;
+    options.captureStderr = true;
+    ClientStatus st = client_.start(server, {server}, options);
     if (st != ClientStatus::Ok) {
         error = describe(st, "cannot start");
         return false;
     }
+    relay_.start(client_.stderrFd(), stderr);
     st = client_.readGreeting(timeoutMs_);
     if (st != ClientStatus::Ok) {
         error = describe(st, "no greeting");
@@ -204,6 +207,7 @@ bool ServerLink::finish(std::string& error) {
     client_.closeInput();
     int code = 0;
     const ClientStatus st = client_.waitExit(code, timeoutMs_);
+    relay_.stop();  // the server's last words before almq's own
     if (st != ClientStatus::Ok) {
         error = describe(st, "does not stop");
         return false;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "client/almclient.h"
+#include "stderrrelay.h"
 
 namespace alm {
 
@@ -77,6 +78,8 @@ private:
     std::uint32_t nextId_ = 1;
     bool keepFrames_ = false;
     std::vector<ReceivedFrame> frames_;
+    // Declared after client_, so that it ends while the pipe is still open.
+    StderrRelay relay_;
 };
 
 }  // namespace alm
