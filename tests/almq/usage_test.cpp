@@ -1,5 +1,6 @@
 // almq's command line, its exit statuses and its one-line errors; the
 // manual pages render cleanly.
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <random>
 
 #include "almqhome.h"
+#include "common/child_process.h"
 #include "common/files.h"
 
 namespace alm::almqtest {
@@ -48,6 +50,7 @@ TEST(AlmqUsage, BadCommandLinesExitTwoWithOneLine) {
         {{"--plan=", "cpus"}, "--plan needs a non-empty path"},
         {{"--timeout", "0", "cpus"}, "--timeout needs a number"},
         {{"--timeout", "soon", "cpus"}, "--timeout needs a number"},
+        {{"--wait", "soon", "info"}, "--wait needs a number"},
         {{"--json=1", "cpus"}, "option --json takes no value"},
     };
     for (const UsageCase& c : cases) {
@@ -154,19 +157,68 @@ TEST(AlmqUsage, OptionsMayFollowTheSubcommand) {
     EXPECT_NE(dashed.err.find("no workstation matches --json"), std::string::npos) << dashed.err;
 }
 
-TEST(AlmqErrors, MissingPlanExitsThreeWithTheServersCodeAndText) {
+// The server's text in words: the system's text for its error number, the
+// path tidied, the message code at the end of the line.
+TEST(AlmqErrors, MissingPlanExitsThreeWithTheServersTextInWords) {
     const AlmqHome& home = sample_home();
-    for (const char* command : {"info", "cpus", "deps"}) {
-        const RunResult r = home.runAlmq({"--plan", "plans/missing", command});
-        SCOPED_TRACE(command);
-        EXPECT_EQ(r.status, 3);
-        EXPECT_EQ(r.out, "");
-        EXPECT_TRUE(one_line(r.err)) << r.err;
-        EXPECT_EQ(r.err.rfind("almq: cannot open plan plans/missing: code ", 0), 0u) << r.err;
-        // The server's own text names the file it looked for under its home.
-        EXPECT_NE(r.err.find(home.file("plans/missing")), std::string::npos) << r.err;
-        EXPECT_EQ(r.err.find("code 0"), std::string::npos) << r.err;
+    const std::string says = "almq: cannot open plan PLAN: The plan file " + home.file("plans/missing") +
+                             " does not exist (No such file or directory). [QFR20720035]\n";
+    for (const char* plan : {"plans/missing", "./plans/missing", "./plans/./missing"}) {
+        for (const char* command : {"info", "cpus", "deps"}) {
+            SCOPED_TRACE(std::string(plan) + " " + command);
+            const RunResult r = home.runAlmq({"--plan", plan, command}, home.path());
+            EXPECT_EQ(r.status, 3);
+            EXPECT_EQ(r.out, "");
+            std::string expected = says;
+            expected.replace(expected.find("PLAN"), 4, plan);
+            EXPECT_EQ(r.err, expected);
+        }
     }
+}
+
+// A plan that another process holds locked: almq names the holder, or with
+// --wait opens the plan once the holder lets go.
+TEST(AlmqErrors, LockedPlanNamesItsHolderOrIsWaitedFor) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    ASSERT_TRUE(home.buildPlan(kSampleDesc, "Almanack"));
+    const std::string plan = home.file("Almanack");
+    auto lockWhole = [&plan] {
+        const int fd = ::open(plan.c_str(), O_RDWR);
+        struct flock whole {};
+        whole.l_type = F_WRLCK;
+        whole.l_whence = SEEK_SET;
+        return fd >= 0 && ::fcntl(fd, F_SETLK, &whole) == 0 ? static_cast<int>(::getpid()) : -1;
+    };
+    test::HoldingChild holder(lockWhole);
+    ASSERT_GT(holder.report(), 0);
+    const std::string says = "almq: cannot open plan Almanack: the plan file " + plan + " is locked by process " +
+                             std::to_string(holder.report());
+    const RunResult now = home.runAlmq({"info"});
+    EXPECT_EQ(now.status, 3);
+    EXPECT_EQ(now.err, says + " [QFR20720002]\n");
+    const RunResult waited = home.runAlmq({"--wait", "1", "info"});
+    EXPECT_EQ(waited.status, 3);
+    EXPECT_EQ(waited.err, says + " (waited 1 s) [QFR20720002]\n");
+    holder.release_after(300);
+    const RunResult later = home.runAlmq({"--wait", "30", "info"});
+    EXPECT_EQ(later.status, 0) << later.err;
+    EXPECT_NE(later.out.find("plan date"), std::string::npos);
+}
+
+// What the server writes on its stderr reaches the user marked as its own.
+TEST(AlmqErrors, ServerStderrLinesArePrefixed) {
+    AlmqHome home;
+    ASSERT_TRUE(home.ok());
+    std::filesystem::remove_all(home.file("catalog"));  // the server complains of each missing catalog
+    const RunResult r = home.runAlmq({"--plan", "missing", "info"});
+    EXPECT_EQ(r.status, 3);
+    const std::vector<std::string> lines = RunResult{0, r.err, ""}.lines();
+    ASSERT_GE(lines.size(), 2u) << r.err;
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+        EXPECT_EQ(lines[i].rfind("almread: catopen on " + home.file("catalog/C/"), 0), 0u) << lines[i];
+    }
+    EXPECT_EQ(lines.back().rfind("almq: cannot open plan missing: ", 0), 0u) << lines.back();
 }
 
 TEST(AlmqErrors, ServerThatCannotStartOrDoesNotGreet) {

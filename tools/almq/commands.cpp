@@ -9,15 +9,18 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "damage.h"
 #include "depgraph.h"
 #include "deptree.h"
+#include "errwords.h"
 #include "hexdump.h"
 #include "jsonwriter.h"
 #include "linefields.h"
 #include "plan/almrecs.h"
+#include "planlock.h"
 #include "planpath.h"
 #include "planview.h"
 #include "serverlink.h"
@@ -34,6 +37,8 @@ constexpr bool kWide = true;  // a column of the wide form only
 constexpr const char* kOpenFields[] = {"return_code", "error_text", "handle",       "sh_sched_date", "sh_day_start",
                                        "sh_cpu_id",   "sh_mast_cpu", "sh_job_fence", "sh_alm_version"};
 constexpr std::size_t kOpenStrings = std::size(kOpenFields);
+// The open's code for a plan that could not be locked.
+constexpr const char* kLockedCode = "2";
 
 std::string current_dir() {
     char buf[PATH_MAX];
@@ -127,6 +132,10 @@ private:
     }
 
     bool openPlan(std::string& error);
+    // openPlan, tried again while the plan is locked, for up to --wait.
+    bool openWaiting(std::string& error);
+    // EXIT_SERVER with the server's reason in words, or the lock's holder.
+    int openFailure(const std::string& server);
     // EXIT_SERVER with the plan's first problem when it is damaged.
     int refuseDamaged(const std::string& server);
     bool closePlan(std::string& error);
@@ -183,15 +192,7 @@ int Session::run() {
     int status = EXIT_OK;
     const bool needsPlan = o_.command != Command::Ping && o_.command != Command::Logs;
     if (needsPlan && (status = refuseDamaged(server)) != EXIT_OK) return status;
-    if (needsPlan && !openPlan(error)) {
-        if (!error.empty()) return fail(error);
-        const std::string code = open_[0];
-        const std::string text = open_[1];
-        std::string ignored;
-        link_.finish(ignored);
-        dumpFrames();
-        return fail("cannot open plan " + o_.plan + ": code " + code + (text.empty() ? "" : ": " + text));
-    }
+    if (needsPlan && !openWaiting(error)) return error.empty() ? openFailure(server) : fail(error);
     switch (o_.command) {
         case Command::Ping: status = ping(); break;
         case Command::Logs: status = logs(); break;
@@ -220,6 +221,35 @@ bool Session::openPlan(std::string& error) {
     }
     open_.resize(kOpenStrings);
     return open_[0] == "0";
+}
+
+bool Session::openWaiting(std::string& error) {
+    using Clock = std::chrono::steady_clock;
+    const auto deadline = Clock::now() + std::chrono::seconds(o_.waitSeconds);
+    for (;;) {
+        if (openPlan(error)) return true;
+        if (!error.empty() || open_[0] != kLockedCode || Clock::now() >= deadline) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+}
+
+int Session::openFailure(const std::string& server) {
+    std::string ignored;
+    link_.finish(ignored);
+    dumpFrames();
+    const std::string prefix = "cannot open plan " + o_.plan + ": ";
+    const std::string& text = open_[1];
+    if (open_[0] == kLockedCode) {
+        const std::string file = plan_file(plan_argument(o_.plan), server);
+        const long holder = plan_lock_holder(file);
+        const std::string code = message_code(text);
+        if (holder > 0) {
+            return fail(prefix + "the plan file " + file + " is locked by process " + std::to_string(holder) +
+                        (o_.waitSeconds > 0 ? " (waited " + std::to_string(o_.waitSeconds) + " s)" : "") +
+                        (code.empty() ? "" : " [" + code + "]"));
+        }
+    }
+    return fail(prefix + (text.empty() ? "code " + open_[0] : in_words(text)));
 }
 
 int Session::refuseDamaged(const std::string& server) {

@@ -56,7 +56,7 @@ const char* command_name(Command command) {
 namespace {
 
 // Options without a short form have codes past any character.
-enum LongOnly : int { kJson = 256, kRaw, kDot, kPlan, kServer, kTimeout, kFields, kWide };
+enum LongOnly : int { kJson = 256, kRaw, kDot, kPlan, kServer, kTimeout, kFields, kWide, kWait };
 
 constexpr struct option kLongOptions[] = {
     {"help", no_argument, nullptr, 'h'},         {"version", no_argument, nullptr, 'V'},
@@ -64,6 +64,7 @@ constexpr struct option kLongOptions[] = {
     {"dot", no_argument, nullptr, kDot},         {"plan", required_argument, nullptr, kPlan},
     {"server", required_argument, nullptr, kServer}, {"timeout", required_argument, nullptr, kTimeout},
     {"fields", required_argument, nullptr, kFields}, {"wide", no_argument, nullptr, kWide},
+    {"wait", required_argument, nullptr, kWait},
     {nullptr, 0, nullptr, 0},
 };
 
@@ -124,6 +125,15 @@ bool take_option(int code, const char* value, Options& o, OutputForm& form, std:
                 return false;
             }
             o.timeoutMs = static_cast<int>(seconds * 1000);
+            return true;
+        }
+        case kWait: {
+            long seconds = 0;
+            if (!parse_long(value, 0, 3600, seconds)) {
+                problem = std::string("option --wait needs a number of seconds from 0 to 3600, not '") + value + "'";
+                return false;
+            }
+            o.waitSeconds = static_cast<int>(seconds);
             return true;
         }
         default: break;
@@ -248,6 +258,8 @@ const char* const ALMQ_HELP =
     "  --dot             deps only: the dependency graph in Graphviz DOT\n"
     "  --raw             the reply frames as received, in hexadecimal\n"
     "  --timeout SECS    how long to wait for each reply (default 30)\n"
+    "  --wait SECS       while another process holds the plan locked, try again\n"
+    "                    for up to SECS seconds (default 0: fail at once)\n"
     "  -h, --help        this text\n"
     "  -V, --version     almq's version\n"
     "\n"

@@ -20,6 +20,7 @@ struct Options {
     std::string plan = "Almanack";  // relative paths are the server's: under its home
     OutputForm output = OutputForm::Table;
     int timeoutMs = 30000;
+    int waitSeconds = 0;         // how long to retry a plan that another process holds locked
     bool help = false;
     bool version = false;
     bool wide = false;                // every column of the tables
