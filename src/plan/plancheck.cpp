@@ -196,19 +196,24 @@ PlanCheckStatus Checker::run(std::string& error) {
 // chain's kind met for the first time; else a problem and nullptr.
 const unsigned char* Checker::member(const std::string& label, std::uint32_t n, std::uint32_t prev,
                                      const ChainSpec& spec) {
-    const std::string where = label + ": record " + num(n) +
-                              (prev == NULL_REC ? " (its first)" : " (after record " + num(prev) + ")");
+    // Made only for a problem: this runs for every record of the plan.
+    auto where = [&] {
+        return label + ": record " + num(n) +
+               (prev == NULL_REC ? " (its first)" : " (after record " + num(prev) + ")");
+    };
     if (n == 0) {
-        problem(where + " is the header");
+        problem(where() + " is the header");
         return nullptr;
     }
     const unsigned char* rec = recs_.record(n);
     if (rec == nullptr) {
-        if (recs_.error() == 0) problem(where + " lies beyond the end of the file (" + num(recs_.records()) + " records)");
+        if (recs_.error() == 0) {
+            problem(where() + " lies beyond the end of the file (" + num(recs_.records()) + " records)");
+        }
         return nullptr;
     }
     if (load_le16(rec) != static_cast<std::uint16_t>(spec.code)) {
-        problem(where + " is " + kind_of(load_le16(rec)) + ", not a " + spec.name + " record");
+        problem(where() + " is " + kind_of(load_le16(rec)) + ", not a " + spec.name + " record");
         return nullptr;
     }
     if (visited_.testAndSet(n)) {
