@@ -8,9 +8,9 @@
 
 namespace alm {
 
-// Takes exactly n arguments when the request declares n; false when it
-// declares another number or one of them did not arrive (an empty last
-// argument can be lost in the request framing).
+// Takes n arguments when the request declares exactly n; false when it
+// declares another number. An argument that the framing lost (an empty last
+// one of four) is null.
 bool queryArgs(const Request& req, const char** args, std::size_t n);
 
 // Width of names in records of the most recently opened plan: 16, or 8

@@ -2,6 +2,8 @@
 // handles, empty results, patterns and version 0 plans.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <string>
 #include <vector>
 
@@ -64,15 +66,41 @@ TEST_F(Requests, WrongArgumentCountsGetNoReply) {
     }
 }
 
-TEST_F(Requests, EmptyFourthArgumentIsLostAndGetsNoReply) {
+// The framing loses an empty fourth argument; the request still declares
+// four, and the missing job pattern matches every job.
+TEST_F(Requests, EmptyFourthArgumentIsAnsweredLikeAt) {
     for (std::uint32_t type : {kJobs, kDependencies}) {
-        ASSERT_EQ(server_.client().send(type, 200 + type, {handle_, "@", "@", ""}), ClientStatus::Ok);
-        EXPECT_TRUE(server_.nextIsNop(300 + type)) << "type " << type;
+        Reply empty;
+        Reply at;
+        ASSERT_EQ(server_.ask(type, 200 + type, {handle_, "@", "@", ""}, empty), ClientStatus::Ok);
+        ASSERT_EQ(server_.ask(type, 210 + type, {handle_, "@", "@", "@"}, at), ClientStatus::Ok);
+        expectRecordReply(empty, 200 + type, at.header.numData);
+        EXPECT_GT(at.header.numData, 0u) << "type " << type;
+        EXPECT_EQ(bytesOf(empty.body(), empty.bodySize()), bytesOf(at.body(), at.bodySize())) << "type " << type;
     }
     // An empty pattern that does arrive matches everything.
     Reply r;
     ASSERT_EQ(server_.ask(kJobs, 400, {handle_, "", "@", "@"}, r), ClientStatus::Ok);
     expectRecordReply(r, 400, 5);
+}
+
+// A plan that shrinks under an open session: the job cut short is still
+// found and sent, read as far as it goes, its missing bytes zero.
+TEST_F(Requests, JobCutShortAfterTheOpenIsStillSent) {
+    std::string path;
+    buildSuitePlan(path, "shrinking", "workstation W\nschedule W S\njob FIRST\njob LAST\n");
+    const std::string h = server_.open(path);
+    ASSERT_FALSE(h.empty());
+    Reply whole;
+    ASSERT_EQ(server_.ask(kJobs, 90, {h, "@", "@", "@"}, whole), ClientStatus::Ok);
+    expectRecordReply(whole, 90, 2);
+    ASSERT_EQ(::truncate(path.c_str(), 4 * 512 + 300), 0);  // LAST is record 4
+    Reply r;
+    ASSERT_EQ(server_.ask(kJobs, 91, {h, "@", "@", "@"}, r), ClientStatus::Ok);
+    expectRecordReply(r, 91, 2);
+    EXPECT_EQ(names(r, 32, 40), (std::vector<std::string>{"FIRST", "LAST"}));
+    EXPECT_EQ(bytesOf(r.record(1), 300), bytesOf(whole.record(1), 300));
+    EXPECT_EQ(bytesOf(r.record(1) + 300, 212), Bytes(212, 0));
 }
 
 TEST_F(Requests, UnknownOrClosedHandlesGetEmptyReplies) {
