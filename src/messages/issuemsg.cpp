@@ -255,7 +255,8 @@ const char* catalog_text(int product, int cset, int msg, std::string& reason) {
     }
     text = nim_catgets(h, cset, msg, nullptr);
     if (text == nullptr) {
-        std::snprintf(tmp, sizeof tmp, " catgets failed %d ", errno);
+        // Unlike the other two reasons this one has no leading blank.
+        std::snprintf(tmp, sizeof tmp, "catgets failed %d ", errno);
         reason = tmp;
     }
     // The text stays valid: closing only releases the slot for later reuse.

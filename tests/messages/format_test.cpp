@@ -239,7 +239,7 @@ TEST_F(FormatTest, OtherLanguageFallsBackToC) {
     });
     ASSERT_EQ(r.status, 0);
     EXPECT_NE(r.out.find("QFR20050003  Plain text\n"), std::string::npos) << r.out;
-    EXPECT_NE(r.out.find("QFR20050098  NO MSG: ,,,, catgets failed "), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("QFR20050098  NO MSG: ,,,,catgets failed "), std::string::npos) << r.out;
     EXPECT_NE(r.err.find("catopen on " + home_->path() + "/catalog/fr/kestrel.cat error: No such file or directory\n"),
               std::string::npos)
         << r.err;
