@@ -82,8 +82,8 @@ void report_unknown_record(int msgnum, int line, int code) {
     short len = 0;  // anything but -1: a 256-byte buffer
     issuemsgtobuf(text, &len, 2072, msgnum, MSG_END);
     text[sizeof text - 1] = '\0';
-    std::string out = format_record_report(text, "almaccs", line, code);
-    if (out.empty() || out.back() != '\n') out += '\n';
+    // The catalog text decides the line end: none is added here.
+    const std::string out = format_record_report(text, "almaccs", line, code);
     std::fputs(out.c_str(), stderr);
 }
 

@@ -1,6 +1,7 @@
-// The one-line report of a record whose type code no conversion knows. The
-// line's format comes from the message catalog, so it is never handed to
-// printf: only %s, %d and %% are expanded, against fixed arguments.
+// The report of a record whose type code no conversion knows: the catalog
+// text is the printf format for (file, line, code). It comes from a file, so
+// it is never handed to printf itself: %s, %d and %% are expanded as printf
+// would, against those fixed arguments.
 #pragma once
 
 #include <string>
@@ -13,8 +14,8 @@ namespace alm {
 // or one beyond the third, is copied as it stands.
 std::string format_record_report(const char* catalog_text, const char* file, int line, int code);
 
-// Issues message msgnum of set 2072 formatted as above on standard error,
-// one line.
+// Writes message msgnum of set 2072, used as the format above, on standard
+// error as it stands: a line end only if the catalog text ends in one.
 void report_unknown_record(int msgnum, int line, int code);
 
 }  // namespace alm

@@ -34,7 +34,8 @@ void messages_ready() {
     (void)ready;
 }
 
-TEST(UnknownCode, ReadLeavesTheCallerBufferAndPrintsOneLine) {
+// The catalog text is written as it stands, without a line end of its own.
+TEST(UnknownCode, ReadLeavesTheCallerBufferAndPrintsTheText) {
     for (std::int16_t version : {0, 1}) {
         for (std::uint16_t code : {0x0000, 0x7A7A, 0xFFFF, 0x5248 /* "HR": bytes swapped */}) {
             ALMRECTYPE_INT in;
@@ -46,14 +47,14 @@ TEST(UnknownCode, ReadLeavesTheCallerBufferAndPrintsOneLine) {
             StderrCapture cap;
             EXPECT_EQ(alm_i_2_e(&in, &out, version), 1);
             const std::string err = cap.text();
-            EXPECT_EQ(count_lines(err), 1u) << err;
+            EXPECT_EQ(count_lines(err), 0u) << err;
             EXPECT_GT(err.size(), 1u);
             EXPECT_TRUE(all_bytes(out.bytes, sizeof out.bytes, 0xCD));
         }
     }
 }
 
-TEST(UnknownCode, WriteLeavesTheFileBufferAndPrintsOneLine) {
+TEST(UnknownCode, WriteLeavesTheFileBufferAndPrintsTheText) {
     ALMRECTYPE ext;
     std::memset(ext.bytes, 0x22, sizeof ext.bytes);
     put16(&ext, 0, 0x4A4A);
@@ -62,7 +63,8 @@ TEST(UnknownCode, WriteLeavesTheFileBufferAndPrintsOneLine) {
     messages_ready();
     StderrCapture cap;
     EXPECT_EQ(alm_e_2_i(&ext, &in, 1), 0);
-    EXPECT_EQ(count_lines(cap.text()), 1u);
+    EXPECT_EQ(count_lines(cap.text()), 0u);
+    EXPECT_FALSE(cap.text().empty());
     EXPECT_TRUE(all_bytes(in.bytes, sizeof in.bytes, 0xCD));
 }
 
@@ -196,7 +198,7 @@ TEST(Report, ChildConvertsAnUnknownCode) {
     EXPECT_EQ(alm_i_2_e(&in, &out, 1), 1);
 }
 
-// With the built catalogs the line carries the file name, line and code. The
+// With the built catalogs the text carries the file name, line and code. The
 // message facility keeps its catalogs for the life of a process, so this runs
 // in a fresh one, with the build tree as its home.
 TEST(Report, CatalogTextIsExpandedWithFileLineAndCode) {
@@ -216,11 +218,7 @@ TEST(Report, CatalogTextIsExpandedWithFileLineAndCode) {
         _exit(3);
     });
     EXPECT_EQ(r.status, 0) << r.err;
-    const std::string& err = r.err;
-    EXPECT_NE(err.find("almaccs(2064)"), std::string::npos) << err;
-    EXPECT_NE(err.find(" 31354 "), std::string::npos) << err;
-    EXPECT_EQ(err.find('%'), std::string::npos) << err;
-    EXPECT_EQ(count_lines(err), 1u) << err;
+    EXPECT_EQ(r.err, "QFR20720041  almaccs(2064): a record of unknown kind 31354 cannot be converted to the caller form.");
 }
 
 }  // namespace
