@@ -75,9 +75,9 @@ bool measure(alm_comarea* ca) {
     return true;
 }
 
-// One record: position check, one pread, conversion. The stored type code
-// goes to *stored. A record of an unknown kind, or of a file version that has
-// no conversion, reaches the caller as stored (V1: padded with blanks).
+// One record: position check, one pread, conversion; returns the bytes read.
+// The stored type code goes to *stored. A record of an unknown kind, or of a
+// file version that has no conversion, leaves *buffer as it was.
 int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::int16_t* stored) {
     clear_error(ca);
     ca->expected_type = 0;
@@ -98,28 +98,29 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
         int e = errno;
         return set_error(ca, (e == EINVAL || e == EOVERFLOW || e == ESPIPE) ? ALM_E_SEEK : ALM_E_READ, e, recnum);
     }
-    // A record cut short by the end of the file is an I/O error of that record.
-    if (n != size) return set_error(ca, ALM_E_READ, EIO, recnum);
+    // A record cut short (the file shrank since it was measured) is not an
+    // error: what was read is converted, the missing bytes are zero.
+    std::memset(raw.v2.bytes + n, 0, static_cast<std::size_t>(size - n));
     if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
 
     *stored = static_cast<std::int16_t>(load_le16(raw.v2.bytes));
-    // Only an unknown kind, or a version without a conversion, leaves the
-    // buffer untouched; the caller then gets the record as stored.
-    if (alm_i_2_e(&raw, buffer, version) != 0 || (version != 0 && version != 1))
-        std::memcpy(buffer, &raw, sizeof *buffer);
+    alm_i_2_e(&raw, buffer, version);
 
     if (ca->production) {
         int slot = kind_slot(ca, *stored);
         if (slot >= 0) ++ca->rec_reads[slot];
     }
-    return size;
+    return static_cast<int>(n);
 }
 
 template <class Rec>
 int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code) {
     static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
     if (!alm_valid(ca)) return -1;
-    ALMRECTYPE rec;
+    // The record goes through a whole union; what the read leaves untouched
+    // comes back to the caller unchanged.
+    ALMRECTYPE rec{};
+    if (out != nullptr) std::memcpy(&rec, static_cast<const void*>(out), sizeof(Rec));
     std::int16_t stored = 0;
     int n = read_record(ca, recnum, &rec, &stored);
     if (n < 0) {
@@ -342,7 +343,7 @@ int alm_read(alm_comarea* alm_ca, std::uint32_t recnum, ALMRECTYPE* buffer) {
     if (!alm_valid(alm_ca)) return -1;
     std::int16_t stored = 0;
     if (buffer == nullptr) {
-        ALMRECTYPE scratch;
+        ALMRECTYPE scratch{};
         return read_record(alm_ca, recnum, &scratch, &stored);
     }
     return read_record(alm_ca, recnum, buffer, &stored);
@@ -417,7 +418,9 @@ int alm_close(alm_comarea*& alm_ca, int flags, int* err_type, char* msg_buff, in
     if (msg_buff != nullptr && msg_len > 0) msg_buff[0] = '\0';
 
     if (ca->fnum >= 0) {
+        // A header read that converts nothing leaves the session's copy.
         SH_RECTYPE hdr;
+        std::memcpy(static_cast<void*>(&hdr), ca->sh_rec, sizeof hdr);
         const bool stamp_always = (ca->mode & ALM_MODE_STAMP) != 0;
         const bool update = (ca->mode & ALM_MODE_UPDATE) != 0;
         if (stamp_always || update) {

@@ -75,8 +75,8 @@ bool holds_wildcard(const alm_comarea* ca, const Pattern& p) {
     return false;
 }
 
-// Record 0 is the header and never in a chain: a link to it ends the chain
-// (otherwise a cursor of 0 would restart the walk).
+// Record 0 is the header and never in a chain: deliberately, a link to it
+// ends the chain like the null record (a cursor of 0 would restart the walk).
 std::uint32_t link(std::uint32_t recnum) { return recnum == 0 ? NULL_REC : recnum; }
 
 void begin_walk(alm_walk& w, std::uint32_t start) {
@@ -92,7 +92,7 @@ void not_found(alm_comarea* ca, std::int16_t expected) {
 
 // From the header; NULL_REC after a failed read.
 bool first_of_chain(alm_comarea* ca, std::uint32_t SH_RECTYPE::*head, std::uint32_t& start) {
-    SH_RECTYPE hdr;
+    SH_RECTYPE hdr{};
     if (alm_read_header(ca, &hdr) < 0) return false;
     start = link(hdr.*head);
     return true;
@@ -141,8 +141,8 @@ const alm_sched_index* sched_index(alm_comarea* ca, const NameWidths& w) {
         const auto recnum = ca->last_recnum;
         try {
             auto index = std::make_unique<alm_sched_index>();
-            SH_RECTYPE hdr;
-            SS_RECTYPE ss;
+            SH_RECTYPE hdr{};
+            SS_RECTYPE ss{};
             bool usable = alm_read_header(ca, &hdr) >= 0;
             std::uint32_t rec = usable ? link(hdr.sh_first_sched) : NULL_REC;
             while (usable && rec != NULL_REC) {
@@ -350,13 +350,13 @@ struct JobCursor {
 // False (start set to 32768) when a record cannot be read.
 bool locate_cursor(alm_comarea* ca, const SchedQuery& q, std::uint32_t& start, JobCursor& at) {
     at = {start, false};
-    ALMRECTYPE rec;
+    ALMRECTYPE rec{};
     if (alm_read(ca, start, &rec) < 0) {
         start = NULL_REC;
         return false;
     }
     if (rec.alm_rec_type != SJ_CODE) return true;
-    SS_RECTYPE ss;
+    SS_RECTYPE ss{};
     if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
         not_found(ca, SS_CODE);
         start = NULL_REC;
@@ -428,7 +428,7 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
             if (end == ChainEnd::Found) return sj->sj_rec_num;
             if (end == ChainEnd::Failed) return NULL_REC;
         }
-        SS_RECTYPE ss;
+        SS_RECTYPE ss{};
         std::uint32_t found = NULL_REC;
         std::uint32_t last = NULL_REC;
         const WalkEnd end = walk_scheds(ca, walk, q, at.next_sched, &ss, &found, &last);
@@ -453,7 +453,7 @@ bool alm_walk::step(alm_comarea* ca) {
 }
 
 std::uint32_t alm_find_cpu(alm_comarea* alm_ca, const char* cpu, std::uint32_t& start, SCI_RECTYPE* sci_rec) {
-    SCI_RECTYPE scratch;
+    SCI_RECTYPE scratch{};
     if (sci_rec == nullptr) sci_rec = &scratch;
     sci_rec->sci_rec_num = NULL_REC;
     sci_rec->sci_prev_cpu_ptr = NULL_REC;
@@ -467,7 +467,7 @@ std::uint32_t alm_find_cpu(alm_comarea* alm_ca, const char* cpu, std::uint32_t& 
 
 std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* sched, std::uint32_t& start,
                              SS_RECTYPE* ss_rec) {
-    SS_RECTYPE scratch;
+    SS_RECTYPE scratch{};
     if (ss_rec == nullptr) ss_rec = &scratch;
     ss_rec->ss_rec_num = NULL_REC;
     ss_rec->ss_prev_sch_ptr = NULL_REC;
@@ -482,7 +482,7 @@ std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* s
 std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
                            std::uint32_t& start, SJ_RECTYPE* sj_rec) {
     if (!alm_valid(alm_ca)) return NULL_REC;
-    SJ_RECTYPE scratch;
+    SJ_RECTYPE scratch{};
     if (sj_rec == nullptr) sj_rec = &scratch;
     begin_walk(alm_ca->job_walk, start);
     std::uint32_t rec = find_job(alm_ca, cpu, sched, job, start, sj_rec);

@@ -16,7 +16,7 @@ void readerGetCpus(Request& req) {
     RecordBuffer records;
     if (alm_comarea* ca = openPlanSession(args[0])) {
         const alm_read_ahead ahead(ca);
-        SCI_RECTYPE sci;
+        SCI_RECTYPE sci{};
         std::uint32_t start = 0;
         while (alm_find_cpu(ca, cpu, start, &sci) != NULL_REC) {
             unsigned char* rec = records.append(&sci);

@@ -28,7 +28,7 @@ void readerGetJobs(Request& req) {
     // the records its header announces.
     alm_comarea* ca = openPlanSession(args[0]);
     const alm_read_ahead ahead(ca);
-    SJ_RECTYPE sj;
+    SJ_RECTYPE sj{};
     std::vector<std::uint32_t> found;
     if (ca) {
         std::uint32_t start = 0;

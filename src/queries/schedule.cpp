@@ -17,7 +17,7 @@ void readerGetSchedules(Request& req) {
     RecordBuffer records;
     if (alm_comarea* ca = openPlanSession(args[0])) {
         const alm_read_ahead ahead(ca);
-        SS_RECTYPE ss;
+        SS_RECTYPE ss{};
         std::uint32_t start = 0;
         while (alm_find_sched(ca, cpu, sched, start, &ss) != NULL_REC) {
             unsigned char* rec = records.append(&ss);

@@ -65,9 +65,9 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
     const short width = queryNameWidth();
     char cpu[kNameBytes];
     char schedule[kNameBytes];
-    SS_RECTYPE ss;
-    SJ_RECTYPE sj;
-    SJ_RECTYPE chained;
+    SS_RECTYPE ss{};
+    SJ_RECTYPE sj{};
+    SJ_RECTYPE chained{};
 
     std::uint32_t ss_start = 0;
     while (alm_find_sched(ca, cpuPattern, schedPattern, ss_start, &ss) != NULL_REC) {
@@ -116,7 +116,7 @@ struct Writer {
 // be read is left out.
 void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::uint8_t* depflags,
                           const std::uint32_t* deprecs) {
-    ALMRECTYPE rec;
+    ALMRECTYPE rec{};
     const int n = dependency_count(numdeps);
     for (int i = 0; i < n; ++i) {
         const std::uint32_t recnum = deprecs[i];

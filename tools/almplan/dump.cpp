@@ -523,10 +523,11 @@ int almplan_dump(int argc, char** argv) {
 
     int rc = 0;
     Line line(json);
-    ALMRECTYPE rec;
+    ALMRECTYPE rec{};
     for (std::int32_t n = 0; n < ca->num_recs; ++n) {
         const auto recnum = static_cast<std::uint32_t>(n);
         if (recnum == NULL_REC) continue;  // never a record
+        rec = ALMRECTYPE{};  // a record of an unknown kind leaves it so
         if (alm_read(ca.get(), recnum, &rec) < 0) {
             char msg[ALM_ERRTEXT_SIZE];
             msg_almerr(ca.get(), msg, sizeof msg);
