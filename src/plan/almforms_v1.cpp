@@ -236,11 +236,6 @@ constexpr V1Layout kLayouts[] = {
 };
 static_assert(std::size(kLayouts) == static_cast<std::size_t>(V1Kind::UserDefn) + 1);
 
-// V1 dates are yymmdd; out_dte_fmt may ask for the century, which the V1
-// field cannot hold, so the six-digit remainder is stored. No-date values are
-// below a million in magnitude and pass unchanged.
-std::int32_t v1_yymmdd(std::int32_t epoch) { return epoch_to_yymmdd(epoch) % 1000000; }
-
 void widen_one(const V1FieldMove& m, const unsigned char* v1, unsigned char* v2) {
     const unsigned char* src = v1 + m.v1_off;
     unsigned char* dst = v2 + m.v2_off;
@@ -281,7 +276,9 @@ void narrow_one(const V1FieldMove& m, const unsigned char* v2, unsigned char* v1
             for (int i = 0; i < n; ++i) store_le16(dst + 2 * i, static_cast<std::uint16_t>(load_le32(src + 4 * i)));
             break;
         case V1Move::Yymmdd:
-            store_le32(dst, static_cast<std::uint32_t>(v1_yymmdd(static_cast<std::int32_t>(load_le32(src)))));
+            // In the numeric form of the moment: ccyymmdd unless UNIDATESTRIP
+            // is 0. The 32-bit field holds either; reading takes both.
+            store_le32(dst, static_cast<std::uint32_t>(epoch_to_yymmdd(static_cast<std::int32_t>(load_le32(src)))));
             break;
         case V1Move::CalDay:
             for (int i = 0; i < n; ++i)

@@ -148,7 +148,8 @@ TEST(FieldByName, BuilderDefaultsAreKeptUnlessGiven) {
 }
 
 // Dates given as local date and time are stored as local epoch seconds in V2
-// and as yymmdd in V1, and read back as the GMT day plus the time field.
+// and as ccyymmdd or yymmdd in V1, and read back as the GMT day plus the
+// time field.
 class DateFields : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -185,7 +186,6 @@ TEST_F(DateFields, StoredInTheFormOfTheVersion) {
     TempDir dir;
     const std::string desc = dir.write("d.txt", with_line(7, "set sj_sched_date 2026-11-22 06:00"));
     ASSERT_EQ(run_almplan({"build", desc, dir.file("v2")}).status, 0);
-    ASSERT_EQ(run_almplan({"build", "--v1", desc, dir.file("v1")}).status, 0);
 
     Plan v2;
     ASSERT_TRUE(v2.load(dir.file("v2")));
@@ -194,13 +194,23 @@ TEST_F(DateFields, StoredInTheFormOfTheVersion) {
     EXPECT_EQ(load_le16(v2.raw(7) + offsetof(SJ_RECTYPE, sj_start_time)), 600);
     EXPECT_EQ(v2.i32(7, offsetof(SJ_RECTYPE, sj_sched_date)), day);
 
-    Plan v1;
-    ASSERT_TRUE(v1.load(dir.file("v1")));
-    // yymmdd; whether the century is kept is the record forms' business.
-    EXPECT_EQ(static_cast<std::int32_t>(load_le32(v1.raw(7) + offsetof(SJ_RECTYPE_V1, sj_sched_date))) % 1000000,
-              261122);
-    EXPECT_EQ(load_le16(v1.raw(7) + offsetof(SJ_RECTYPE_V1, sj_start_time)), 600);
-    EXPECT_EQ(v1.i32(7, offsetof(SJ_RECTYPE, sj_sched_date)), day);
+    // V1 keeps the century unless UNIDATESTRIP is 0; either reads back as
+    // the same day.
+    const struct {
+        const char* strip;  // nullptr: unset
+        std::int32_t stored;
+    } cases[] = {{nullptr, 20261122}, {"0", 261122}, {"1", 20261122}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.strip != nullptr ? c.strip : "unset");
+        if (c.strip != nullptr) ::setenv("UNIDATESTRIP", c.strip, 1);
+        else ::unsetenv("UNIDATESTRIP");
+        ASSERT_EQ(run_almplan({"build", "--v1", desc, dir.file("v1")}).status, 0);
+        Plan v1;
+        ASSERT_TRUE(v1.load(dir.file("v1")));
+        EXPECT_EQ(static_cast<std::int32_t>(load_le32(v1.raw(7) + offsetof(SJ_RECTYPE_V1, sj_sched_date))), c.stored);
+        EXPECT_EQ(load_le16(v1.raw(7) + offsetof(SJ_RECTYPE_V1, sj_start_time)), 600);
+        EXPECT_EQ(v1.i32(7, offsetof(SJ_RECTYPE, sj_sched_date)), day);
+    }
 }
 
 TEST(RawDependencies, FlagsAndRecordNumbersAsGiven) {

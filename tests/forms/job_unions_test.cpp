@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "dates/date_helpers.h"
 #include "forms/forms_helpers.h"
 #include "plan/almforms.h"
+#include "util/dateutil.h"
 
 namespace alm {
 namespace {
@@ -155,7 +157,15 @@ TEST(V1JobWrite, UnionsAndNamesAreCut) {
     EXPECT_TRUE(all_bytes(v1.bytes + 152, 256 - 152, ' '));
     EXPECT_EQ(get16(&v1, 64), 0x2345);
     EXPECT_EQ(get16(&v1, 132), 70000 & 0xFFFF);
-    EXPECT_EQ(get32(&v1, 112), 260305u);
+    // The date in the numeric form the writer is set to: the century is
+    // dropped only in the stripped form (UNIDATESTRIP=0).
+    for (const auto& [form, want] : {std::pair{0, 20260305u}, std::pair{1, 260305u}}) {
+        dte_out_fmt(form);
+        ALMRECTYPE_INT again;
+        ASSERT_EQ(alm_e_2_i(&ext, &again, 0), 0);
+        EXPECT_EQ(get32(&again, 112), want) << form;
+    }
+    out_dte_fmt = -1;
     EXPECT_EQ(get16(&v1, 60), 64544);
     EXPECT_EQ(get32(&v1, 116), 0u);
     EXPECT_EQ(get16(&v1, kNumDepends), 0xFFFF);

@@ -1,15 +1,18 @@
 // Reading then writing gives the stored bytes back, for every record kind of
-// both versions, wherever the fields can hold the values.
+// both versions, wherever the fields can hold the values and, for V1 dates,
+// in the numeric form the writer is set to.
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include "dates/date_helpers.h"
 #include "forms/forms_helpers.h"
 #include "plan/almforms.h"
 #include "util/dateutil.h"
+#include "util/endian.h"
 
 namespace alm {
 namespace {
@@ -84,7 +87,12 @@ TEST_P(V1RoundTrip, ReadThenWriteGivesTheRecordBack) {
                     fill_pattern(in.bytes, sizeof in.bytes, seed * 31 + static_cast<unsigned>(f));
                     put16(&in, 0, static_cast<std::uint16_t>(k.code));
                     std::size_t i = seed;
-                    for (int off : k.v1_yymmdd) put32(&in, off, static_cast<std::uint32_t>(kYymmdd[i++ % std::size(kYymmdd)]));
+                    std::vector<std::pair<int, std::int32_t>> full;  // where the century comes back
+                    for (int off : k.v1_yymmdd) {
+                        const std::int32_t d = kYymmdd[i++ % std::size(kYymmdd)];
+                        put32(&in, off, static_cast<std::uint32_t>(d));
+                        if (out_form == 0 && !is_no_date(d)) full.emplace_back(off, du_yy_ccyy(d / 10000) * 10000 + d % 10000);
+                    }
                     for (int off : k.v1_cal) put16(&in, off, kCal[i++ % std::size(kCal)]);
                     unsigned char want[256];
                     std::memcpy(want, in.bytes, 256);
@@ -100,6 +108,10 @@ TEST_P(V1RoundTrip, ReadThenWriteGivesTheRecordBack) {
                         std::memset(want + jf.unused2_from, ' ', static_cast<std::size_t>(jf.unused2_to - jf.unused2_from));
                     }
                     if (k.code == PJ_CODE) std::memset(want + 228, ' ', 28);
+                    // Six-digit dates come back as stored only when the century
+                    // is dropped (UNIDATESTRIP=0); otherwise they are written
+                    // back with it.
+                    for (const auto& [off, d] : full) store_le32(want + off, static_cast<std::uint32_t>(d));
 
                     ALMRECTYPE ext;
                     ASSERT_EQ(alm_i_2_e(&in, &ext, 0), 0);
