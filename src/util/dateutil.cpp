@@ -3,6 +3,7 @@
 
 #include <langinfo.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -54,9 +55,14 @@ std::tm local_breakdown(std::time_t t) {
     return tm;
 }
 
+// The stored forms are 32-bit seconds: an instant they cannot hold (after
+// 2038-01-19, before 1901-12-13) is mktime's failure, -1, and goes through
+// the caller's remaining steps as such, never as a wrapped value.
 std::int32_t local_mktime(std::tm* tm) {
     tm->tm_isdst = -1;
-    return to_i32(std::mktime(tm));
+    const std::time_t t = std::mktime(tm);
+    if (t < INT32_MIN || t > INT32_MAX) return -1;
+    return static_cast<std::int32_t>(t);
 }
 
 // Applies out_dte_fmt to a full-century numeric date.

@@ -132,6 +132,13 @@ TEST(yymmdd_to_epoch, DayEpochPlusTime) {
         // Outside the band the local midnight rounds to the neighbour.
         {"Pacific/Kiritimati", 260305, 0, utc(2026, 3, 4)},
         {"Pacific/Pago_Pago", 260305, 0, utc(2026, 3, 6)},
+        // A midnight that 32-bit seconds cannot hold is mktime's -1, which
+        // rounds to no date (0); the time of day is still added.
+        {"UTC", 20380119, 0, utc(2038, 1, 19)},
+        {"UTC", 20380120, 0, 0},
+        {"UTC", 20761122, 1730, 17 * 3600 + 30 * 60},
+        {"America/New_York", 20761122, 0, 0},
+        {"UTC", 18991231, 0, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(::testing::Message() << c.zone << " " << c.d << " at " << c.hhmm);

@@ -147,6 +147,16 @@ TEST_F(Files, OpenRepliesWithTheHeaderOfAV1Plan) {
 TEST_F(Files, PlanDateDropsItsCenturyOnlyWhenAskedTo) {
     const std::string v1 = home_.file("plans/old");
     ASSERT_TRUE(buildPlan(kV1Description, v1, true));
+    // A V1 plan date whose midnight 32-bit seconds cannot hold: no date, 0.
+    const std::string far = home_.file("plans/far");
+    ASSERT_TRUE(buildPlan(kV1Description, far, true));
+    {
+        const unsigned char ccyymmdd[4] = {0x22, 0xCA, 0x3C, 0x01};  // 20761122, little-endian
+        const int fd = ::open(far.c_str(), O_WRONLY);
+        ASSERT_GE(fd, 0);
+        EXPECT_EQ(::pwrite(fd, ccyymmdd, sizeof ccyymmdd, 112), 4);  // sh_sched_date of the V1 header
+        ::close(fd);
+    }
     const struct {
         const char* env;
         const char* v2date;
@@ -161,6 +171,7 @@ TEST_F(Files, PlanDateDropsItsCenturyOnlyWhenAskedTo) {
         ASSERT_TRUE(startServer(c, home_, opts));
         EXPECT_EQ(openPlan(c, plan_)[3], k.v2date) << (k.env ? k.env : "unset");
         EXPECT_EQ(openPlan(c, v1)[3], k.v1date) << (k.env ? k.env : "unset");
+        EXPECT_EQ(openPlan(c, far)[3], "0") << (k.env ? k.env : "unset");
         expectCleanEnd(c);
     }
     expectCleanEnd(client_);
