@@ -67,7 +67,8 @@ bool searchPath(const char* name, std::string& found) {
                 char buffer[QUAL_PATH_MAX + 1];
                 std::memcpy(buffer, candidate.c_str(), candidate.size() + 1);
                 if (resolve_links(buffer, X_OK)) {
-                    found = buffer;
+                    // A relative link target left a relative path.
+                    found = buffer[0] == '/' || !haveCwd ? std::string(buffer) : cwd + "/" + buffer;
                     return true;
                 }
             }
@@ -116,15 +117,10 @@ bool resolve_links(char* path, int mode) {
         const ssize_t n = ::readlink(path, target, QUAL_PATH_MAX);
         if (n < 0 || n >= QUAL_PATH_MAX) return false;
         target[n] = '\0';
-        // A relative target is relative to the link's own directory.
-        std::size_t keep = 0;
-        if (target[0] != '/') {
-            const char* slash = std::strrchr(path, '/');
-            keep = slash ? static_cast<std::size_t>(slash - path) + 1 : 0;
-        }
-        if (keep + static_cast<std::size_t>(n) > static_cast<std::size_t>(QUAL_PATH_MAX))
-            return false;
-        std::memcpy(path + keep, target, static_cast<std::size_t>(n) + 1);
+        // The target replaces the path as it is written: a relative target
+        // is not joined to the link's directory, so it is then looked up from
+        // the current directory, which may name another file or none.
+        std::memcpy(path, target, static_cast<std::size_t>(n) + 1);
     }
     if (::lstat(path, &st) != 0 || !S_ISREG(st.st_mode)) return false;
     return ::access(path, mode) == 0;

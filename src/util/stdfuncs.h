@@ -31,7 +31,8 @@ short qual_filename(char* path, short limit, std::size_t capacity);
 
 bool is_absolute_path(const char* path);
 bool is_relative_path(const char* path);
-// Follows links up to 10 times (rewriting path, which holds at least
+// Follows links up to 10 times (each target replaces path as written, so a
+// relative one is taken from the current directory; path holds at least
 // QUAL_PATH_MAX + 1 bytes); true only for a regular file passing access(mode).
 bool resolve_links(char* path, int mode);
 

@@ -241,6 +241,12 @@ TEST(CommandLine, HomeFollowsTheProgramPath) {
     const std::vector<std::string> inHome = {home.path() + "/schedlog/M9901020600",
                                              home.path() + "/schedlog/M9901010600"};
     const std::vector<std::string> inOther = {other.path() + "/schedlog/M9912310600"};
+    // A link on PATH whose relative target is right from links/ but not from
+    // its own directory: it is taken as written, from the working directory.
+    std::filesystem::create_directories(home.path() + "/links/deep");
+    std::filesystem::create_symlink("../bin/almread", home.path() + "/links/deep/almread");
+    const std::string viaLinks = home.path() + "/links/..";
+    const std::vector<std::string> inLinks = {viaLinks + "/schedlog/M9901020600", viaLinks + "/schedlog/M9901010600"};
     struct Case {
         const char* what;
         std::string argv0;
@@ -258,6 +264,10 @@ TEST(CommandLine, HomeFollowsTheProgramPath) {
         {"relative dir/prog", "bin/almread", home.path(), {}, {"COBALTHOME"}, inHome},
         {"found along PATH", "almread", "/", {"PATH=/nonexistent:" + bin}, {"COBALTHOME"}, inHome},
         {"not found: no home", "almread", "/", {"PATH=/nonexistent"}, {"COBALTHOME"}, {}},
+        {"relative link on PATH, from the working directory", "almread", home.path() + "/links",
+         {"PATH=" + home.path() + "/links/deep"}, {"COBALTHOME"}, inLinks},
+        {"relative link on PATH, from elsewhere: no home", "almread", "/",
+         {"PATH=" + home.path() + "/links/deep"}, {"COBALTHOME"}, {}},
     };
     for (const Case& tc : cases) {
         SpawnOptions opts;

@@ -163,6 +163,10 @@ TEST_F(PathsTest, ResolveLinks) {
     fs::create_symlink("rel", dir_ + "/links/chain");
     fs::create_symlink("loop", dir_ + "/links/loop");
     fs::create_symlink("missing", dir_ + "/links/dangling");
+    fs::create_directories(dir_ + "/links/sub");
+    fs::create_symlink("../abs", dir_ + "/links/sub/own");  // right only from its own directory
+    // Relative targets are taken as written, from the current directory.
+    fs::current_path(dir_ + "/links");
 
     struct Case {
         std::string path;
@@ -176,8 +180,9 @@ TEST_F(PathsTest, ResolveLinks) {
              {plain, X_OK, false, ""},
              {dir_ + "/real", R_OK, false, ""},  // a directory
              {dir_ + "/links/abs", X_OK, true, prog},
-             {dir_ + "/links/rel", X_OK, true, dir_ + "/links/../real/bin/prog"},
-             {dir_ + "/links/chain", X_OK, true, dir_ + "/links/../real/bin/prog"},
+             {dir_ + "/links/rel", X_OK, true, "../real/bin/prog"},
+             {dir_ + "/links/chain", X_OK, true, "../real/bin/prog"},
+             {dir_ + "/links/sub/own", X_OK, false, "../abs"},
              {dir_ + "/links/loop", R_OK, false, ""},
              {dir_ + "/links/dangling", R_OK, false, ""},
          }) {
