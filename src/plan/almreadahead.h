@@ -9,7 +9,8 @@
 // - the lookups keep an index of the schedule chain (plan/almfind.cpp).
 // All of it is dropped when the scope closes: reads outside a scope, and
 // every later request, see the file as it is. Within a scope the plan is
-// seen as it was when each record was first read.
+// seen as it was when each record was first read, a deliberate choice: one
+// request answers from one view of each record.
 #pragma once
 
 #include <sys/types.h>

@@ -30,8 +30,8 @@ void closePlan(readerFile& rf) {
 
 // fcntl locks belong to the process, not to the descriptor: closing one
 // session drops the presence lock of every other session this process has
-// on the same file. Those sessions take theirs again, so the scheduler still
-// sees a reader while any of them is open.
+// on the same file. Deliberately, those sessions take theirs again, so the
+// scheduler still sees a reader while any of them is open.
 void retakePresenceLocks(const struct stat& closed) {
     for (auto& [handle, rf] : openFiles) {
         if (!rf->opened || rf->alm_ca == nullptr) continue;

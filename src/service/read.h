@@ -13,8 +13,9 @@
 
 namespace alm {
 
-// Largest argument area served; a larger one (or a size below 20 with
-// arguments, which wraps) ends the process without a reply.
+// Largest argument area served, a deliberate limit: a larger one (or a size
+// below 20 with arguments, which wraps) ends the process with status 255,
+// without a reply.
 inline constexpr std::uint32_t READER_MAX_AREA = 1u << 20;
 
 enum class ReadLoopStatus {
