@@ -99,17 +99,107 @@ int clamp_print(int ret, int room) {
     return std::min(ret, room - 1);
 }
 
+// A string argument (type 0, or -n for an n-byte field) trimmed of white
+// space at both ends, copied into dst; its length. An untrimmed string of
+// type 0 is used in place instead: slot.buffer points at it and -1 comes back.
+int string_arg(int type, const char* s, char* dst, int room, MsgArgType& slot) {
+    if (s == nullptr) return copy_text(dst, room, "", 0);
+    std::size_t n = 0;
+    if (type == MSG_STR) {
+        n = std::strlen(s);
+    } else {
+        const std::int64_t width = -static_cast<std::int64_t>(type);
+        n = ::strnlen(s, static_cast<std::size_t>(width));
+    }
+    std::size_t b = 0;
+    while (b < n && is_space(s[b])) ++b;
+    std::size_t e = n;
+    while (e > b && is_space(s[e - 1])) --e;
+    if (type == MSG_STR && b == 0 && e == n) {
+        slot.buffer = const_cast<char*>(s);
+        return -1;
+    }
+    return copy_text(dst, room, s + b, e - b);
+}
+
+// Text that fmt writes into a scratch buffer, copied into dst.
+template <class Fmt>
+int formatted_arg(Fmt fmt, char* dst, int room) {
+    char tmp[32];
+    const short n = fmt(tmp);
+    return copy_text(dst, room, tmp, static_cast<std::size_t>(n));
+}
+
+// Text of a library call that fills at most room bytes of dst.
+int filled_arg(char* dst, int room) {
+    if (room <= 0) return 0;
+    dst[room - 1] = '\0';
+    return static_cast<int>(std::strlen(dst));
+}
+
+// Converts the value of one non-string argument of type into dst; its
+// length. terminated is cleared for hhmm, whose text keeps no NUL.
+int value_arg(int type, va_list* ap, char* dst, int room, bool& terminated) {
+    const auto print = [&](const char* f, auto v) {
+        return clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), f, v), room);
+    };
+    switch (type) {
+        case MSG_INT: return print("%d", va_arg(*ap, int));
+        case MSG_INT6: return print("%6d", va_arg(*ap, int));
+        case MSG_LONGP:
+        case MSG_LONGP11: {
+            const long* v = va_arg(*ap, const long*);
+            if (v == nullptr) return copy_text(dst, room, "", 0);
+            return print(type == MSG_LONGP ? "%li" : "%11li", *v);
+        }
+        case MSG_SKIP:
+            (void)va_arg(*ap, long);
+            return copy_text(dst, room, "", 0);
+        case MSG_ERRNO:
+        case MSG_ERRNO2: {
+            const char* e = std::strerror(va_arg(*ap, int));
+            if (room > 0) ils_to_utf8(nullptr, e, -1, dst, room);
+            return filled_arg(dst, room);
+        }
+        case MSG_DATE: {
+            const int e = va_arg(*ap, int);
+            if (room > 0) {
+                dst[0] = '\0';
+                c_convert_date(e, dst, room, state()->date_fmt);
+            }
+            return filled_arg(dst, room);
+        }
+        case MSG_JOBNUM: {
+            const int v = va_arg(*ap, int);
+            return formatted_arg([v](char* out) { return im_fmt_jobnum(v, out); }, dst, room);
+        }
+        case MSG_HHMM: {
+            const int v = va_arg(*ap, int);
+            // No room is kept for the NUL: a following argument runs on
+            // from here, and this placeholder's text with it.
+            terminated = false;
+            return clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%d:%02d", v / 100, v % 100), room);
+        }
+        case MSG_IPADDR: {
+            const unsigned int v = va_arg(*ap, unsigned int);
+            return formatted_arg([v](char* out) { return im_fmt_ip_addr(v, out); }, dst, room);
+        }
+        default: return 0;
+    }
+}
+
 // Reads up to five (type, value) pairs into placeholder texts laid one
 // after another in work (IM_BUFSIZE + 1 bytes, zeroed). The sixth slot is
 // the end of the used area: an empty text.
 void collect_args(va_list args, char* work, MsgArgType slots[6]) {
-    TPCATtype* st = state();
+    va_list ap;
+    va_copy(ap, args);
     int pos = 0;
     int k = 0;
     while (k < IM_MAX_ARGS) {
-        const int type = va_arg(args, int);
+        const int type = va_arg(ap, int);
         if (type == MSG_FILENUM || type == MSG_DBSTAT) {
-            (void)va_arg(args, long);
+            (void)va_arg(ap, long);
             continue;
         }
         // Registered types (1000 and up) end the list like any unknown type.
@@ -117,106 +207,15 @@ void collect_args(va_list args, char* work, MsgArgType slots[6]) {
 
         char* dst = work + pos;
         const int room = IM_BUFSIZE - pos;
-        int len = 0;
         bool terminated = true;
         slots[k].argType = static_cast<short>(type);
         slots[k].buffer = dst;
-
-        if (type <= MSG_STR) {
-            const char* s = va_arg(args, const char*);
-            std::size_t n = 0;
-            if (s != nullptr) {
-                if (type == MSG_STR) {
-                    n = std::strlen(s);
-                } else {
-                    const std::int64_t width = -static_cast<std::int64_t>(type);
-                    n = ::strnlen(s, static_cast<std::size_t>(width));
-                }
-            }
-            std::size_t b = 0;
-            while (b < n && is_space(s[b])) ++b;
-            std::size_t e = n;
-            while (e > b && is_space(s[e - 1])) --e;
-            if (s == nullptr) {
-                len = copy_text(dst, room, "", 0);
-            } else if (type == MSG_STR && b == 0 && e == n) {
-                slots[k].buffer = const_cast<char*>(s);
-                ++k;
-                continue;
-            } else {
-                len = copy_text(dst, room, s + b, e - b);
-            }
-        } else {
-            switch (type) {
-                case MSG_INT:
-                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%d", va_arg(args, int)), room);
-                    break;
-                case MSG_LONGP:
-                case MSG_LONGP11: {
-                    const long* v = va_arg(args, const long*);
-                    if (v == nullptr) {
-                        len = copy_text(dst, room, "", 0);
-                    } else {
-                        const char* f = type == MSG_LONGP ? "%li" : "%11li";
-                        len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), f, *v), room);
-                    }
-                    break;
-                }
-                case MSG_SKIP:
-                    (void)va_arg(args, long);
-                    len = copy_text(dst, room, "", 0);
-                    break;
-                case MSG_ERRNO:
-                case MSG_ERRNO2: {
-                    const char* e = std::strerror(va_arg(args, int));
-                    if (room > 0) {
-                        ils_to_utf8(nullptr, e, -1, dst, room);
-                        dst[room - 1] = '\0';
-                        len = static_cast<int>(std::strlen(dst));
-                    }
-                    break;
-                }
-                case MSG_DATE: {
-                    const int e = va_arg(args, int);
-                    if (room > 0) {
-                        dst[0] = '\0';
-                        c_convert_date(e, dst, room, st->date_fmt);
-                        dst[room - 1] = '\0';
-                        len = static_cast<int>(std::strlen(dst));
-                    }
-                    break;
-                }
-                case MSG_INT6:
-                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%6d", va_arg(args, int)), room);
-                    break;
-                case MSG_JOBNUM: {
-                    char tmp[32];
-                    short n = im_fmt_jobnum(va_arg(args, int), tmp);
-                    len = copy_text(dst, room, tmp, static_cast<std::size_t>(n));
-                    break;
-                }
-                case MSG_HHMM: {
-                    const int v = va_arg(args, int);
-                    len = clamp_print(std::snprintf(dst, static_cast<std::size_t>(room), "%d:%02d", v / 100, v % 100),
-                                      room);
-                    // No room is kept for the NUL: a following argument runs on
-                    // from here, and this placeholder's text with it.
-                    terminated = false;
-                    break;
-                }
-                case MSG_IPADDR: {
-                    char tmp[32];
-                    short n = im_fmt_ip_addr(va_arg(args, unsigned int), tmp);
-                    len = copy_text(dst, room, tmp, static_cast<std::size_t>(n));
-                    break;
-                }
-                default:
-                    break;
-            }
-        }
-        if (room > 0) pos += len + (terminated ? 1 : 0);
+        const int len = type <= MSG_STR ? string_arg(type, va_arg(ap, const char*), dst, room, slots[k])
+                                        : value_arg(type, &ap, dst, room, terminated);
+        if (len >= 0 && room > 0) pos += len + (terminated ? 1 : 0);
         ++k;
     }
+    va_end(ap);
     for (; k < 6; ++k) {
         slots[k].argType = static_cast<short>(MSG_END);
         slots[k].buffer = work + pos;
@@ -264,41 +263,31 @@ const char* catalog_text(int product, int cset, int msg, std::string& reason) {
     return text;
 }
 
-// Fetches the message, fills its placeholders and adds the code; the text
-// stays in UTF-8. Returns its length.
-int do_catread(int msgset, int msgnum, char* out, int size, MsgArgType slots[6]) {
-    TPCATtype* st = state();
-    if (size <= 0) return 0;
-    if (msgset == 0) msgset = st->default_set;
+// Where a message lives: the product slot, its catalog set and the number
+// within that set.
+struct CatalogPlace {
+    int product;
+    int cset;
+    int msg;
+};
+
+CatalogPlace place_of(int msgset, int msgnum) {
+    if (msgset == 0) msgset = state()->default_set;
     int product = msgset / 1000;
     if (product == 0) {
         msgset += 2000;
         product = msgset / 1000;
     }
-    int cset = 0;
-    int msg = 0;
-    if (msgset % 1000 == 0) {
-        cset = msgnum / 100;
-        msg = msgnum % 100;
-    } else {
-        cset = msgset % 1000;
-        msg = msgnum;
-    }
+    if (msgset % 1000 == 0) return {product, msgnum / 100, msgnum % 100};
+    return {product, msgset % 1000, msgnum};
+}
 
-    std::string reason;
-    const char* text = catalog_text(product, cset, msg, reason);
-    std::string fallback;
-    if (text == nullptr) {
-        fallback = "NO MSG: !1,!2,!3,!4,!5" + reason;
-        text = fallback.c_str();
-    }
-    auto utf = std::make_unique<char[]>(IM_BUFSIZE);
-    ils_to_utf8(nullptr, text, -1, utf.get(), IM_BUFSIZE);
-    utf[IM_BUFSIZE - 1] = '\0';
-
+// Copies text into out (at most lim bytes and a NUL), with "!1".."!6" the
+// placeholder texts, "~!" a literal "!" and "!" before any other character
+// that character alone. Returns the length.
+int fill_placeholders(const char* text, char* out, int lim, const MsgArgType slots[6]) {
     int n = 0;
-    const int lim = size - 1;
-    for (const char* p = utf.get(); *p != '\0' && n < lim;) {
+    for (const char* p = text; *p != '\0' && n < lim;) {
         if (p[0] == '~' && p[1] == '!') {
             out[n++] = '!';
             p += 2;
@@ -317,12 +306,33 @@ int do_catread(int msgset, int msgnum, char* out, int size, MsgArgType slots[6])
         }
     }
     out[n] = '\0';
+    return n;
+}
 
+// Fetches the message, fills its placeholders and adds the code; the text
+// stays in UTF-8. Returns its length.
+int do_catread(int msgset, int msgnum, char* out, int size, MsgArgType slots[6]) {
+    state();
+    if (size <= 0) return 0;
+    const CatalogPlace at = place_of(msgset, msgnum);
+
+    std::string reason;
+    const char* text = catalog_text(at.product, at.cset, at.msg, reason);
+    std::string fallback;
+    if (text == nullptr) {
+        fallback = "NO MSG: !1,!2,!3,!4,!5" + reason;
+        text = fallback.c_str();
+    }
+    auto utf = std::make_unique<char[]>(IM_BUFSIZE);
+    ils_to_utf8(nullptr, text, -1, utf.get(), IM_BUFSIZE);
+    utf[IM_BUFSIZE - 1] = '\0';
+
+    int n = fill_placeholders(utf.get(), out, size - 1, slots);
     if ((n == 0 || out[n - 1] != '#') && size - n > 10) {
         auto body = std::make_unique<char[]>(static_cast<std::size_t>(n) + 1);
         std::memcpy(body.get(), out, static_cast<std::size_t>(n) + 1);
-        int r = std::snprintf(out, static_cast<std::size_t>(size), "%s%04d%04d  %s", "QFR", product * 1000 + cset, msg,
-                              body.get());
+        int r = std::snprintf(out, static_cast<std::size_t>(size), "%s%04d%04d  %s", "QFR", at.product * 1000 + at.cset,
+                              at.msg, body.get());
         n = clamp_print(r, size);
     } else if (n > 0) {
         out[--n] = '\0';
@@ -405,6 +415,64 @@ std::vector<std::string> break_lines(const char* text, int room) {
         p += lineLen + skip;
     } while (*p != '\0');
     return lines;
+}
+
+// What leads each line: program name, time stamp, bell and box edge, as
+// the option bits ask.
+std::string line_head(int opts, const TPCATtype* st) {
+    std::string head;
+    if (st->progname != nullptr) {
+        head += st->progname;
+        head += ':';
+    }
+    if (opts & IM_TIME) {
+        char ts[32] = "";
+        std::time_t now = std::time(nullptr);
+        std::tm tm{};
+        if (::localtime_r(&now, &tm) != nullptr) std::strftime(ts, sizeof ts, "%H:%M/", &tm);
+        head += ts;
+    }
+    if (opts & IM_BELL) head += '\a';
+    if (opts & IM_BOX) {
+        head += (opts & IM_STARBOX) == IM_STARBOX ? '*' : '+';
+        head += ' ';
+    }
+    return head;
+}
+
+// Writes text broken to the line width, each line led by head, inside a box
+// of rules when the option bits ask for one.
+void write_lines(std::FILE* out, int opts, const std::string& head, const std::string& text) {
+    const TPCATtype* st = state();
+    const bool box = (opts & IM_BOX) != 0;
+    const char rule_char = (opts & IM_STARBOX) == IM_STARBOX ? '*' : '+';
+    const int width = std::min(st->stdout_wid, IM_MAX_WIDTH);
+    const int headLen = static_cast<int>(head.size());
+    int room = 0;
+    if (width > 0) room = std::max(1, width - headLen - 3);
+    const std::string rule = head + std::string(static_cast<std::size_t>(std::max(0, width - 3 - headLen)), rule_char);
+    if (box) std::fprintf(out, "%s\n", rule.c_str());
+    for (const std::string& line : break_lines(text.c_str(), room))
+        std::fprintf(out, "%s%s\n", head.c_str(), line.c_str());
+    if (box) std::fprintf(out, "%s\n", rule.c_str());
+    std::fflush(out);
+}
+
+// The system-log copy the option bits ask for, unless the level keeps it
+// back.
+void copy_to_syslog(int opts, const TPCATtype* st, const std::string& text) {
+    if (!(opts & (IM_SYSLOG | IM_SYSLOG2)) || st->syslog == -1) return;
+    const bool quiet =
+        st->level < 0 && st->level != -1 && (opts & (IM_SYSLOG2 | IM_SYSLOG_FORCE)) != (IM_SYSLOG2 | IM_SYSLOG_FORCE);
+    if (quiet) return;
+    const char* fmt = "INFO: %s";
+    if (opts & IM_SYSLOG_ERROR_BITS)
+        fmt = "ERROR: %s";
+    else if (opts & IM_BOX)
+        fmt = "WARN: %s";
+    else if (opts & IM_WARN)
+        fmt = "NOTICE: %s";
+    ::syslog(st->syslog | 3, fmt, text.c_str());
 }
 
 // Accepts a catalog text as a printf format only when its one conversion
@@ -526,57 +594,8 @@ void issuebuf(int opts, const char* buf, int buflen) {
 
     std::fflush(msg_stdout());
     std::FILE* out = (opts & IM_STDERR) ? msg_stderr() : msg_stdout();
-
-    std::string head;
-    if (st->progname != nullptr) {
-        head += st->progname;
-        head += ':';
-    }
-    if (opts & IM_TIME) {
-        char ts[32] = "";
-        std::time_t now = std::time(nullptr);
-        std::tm tm{};
-        if (::localtime_r(&now, &tm) != nullptr) std::strftime(ts, sizeof ts, "%H:%M/", &tm);
-        head += ts;
-    }
-    if (opts & IM_BELL) head += '\a';
-    const bool box = (opts & IM_BOX) != 0;
-    const char rule_char = (opts & IM_STARBOX) == IM_STARBOX ? '*' : '+';
-    if (box) {
-        head += rule_char;
-        head += ' ';
-    }
-
-    const int width = std::min(st->stdout_wid, IM_MAX_WIDTH);
-    const int headLen = static_cast<int>(head.size());
-    int room = 0;
-    if (width > 0) room = std::max(1, width - headLen - 3);
-    if (box) {
-        std::string rule = head + std::string(static_cast<std::size_t>(std::max(0, width - 3 - headLen)), rule_char);
-        std::fprintf(out, "%s\n", rule.c_str());
-    }
-    for (const std::string& line : break_lines(text.c_str(), room))
-        std::fprintf(out, "%s%s\n", head.c_str(), line.c_str());
-    if (box) {
-        std::string rule = head + std::string(static_cast<std::size_t>(std::max(0, width - 3 - headLen)), rule_char);
-        std::fprintf(out, "%s\n", rule.c_str());
-    }
-    std::fflush(out);
-
-    if ((opts & (IM_SYSLOG | IM_SYSLOG2)) && st->syslog != -1) {
-        const bool quiet = st->level < 0 && st->level != -1 &&
-                           (opts & (IM_SYSLOG2 | IM_SYSLOG_FORCE)) != (IM_SYSLOG2 | IM_SYSLOG_FORCE);
-        if (!quiet) {
-            const char* fmt = "INFO: %s";
-            if (opts & IM_SYSLOG_ERROR_BITS)
-                fmt = "ERROR: %s";
-            else if (opts & IM_BOX)
-                fmt = "WARN: %s";
-            else if (opts & IM_WARN)
-                fmt = "NOTICE: %s";
-            ::syslog(st->syslog | 3, fmt, text.c_str());
-        }
-    }
+    write_lines(out, opts, line_head(opts, st), text);
+    copy_to_syslog(opts, st, text);
 
     if (opts & (IM_FATAL | IM_FATAL2)) {
         if (g_shutdown != nullptr) g_shutdown(-1, text.c_str());

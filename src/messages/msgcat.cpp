@@ -139,6 +139,98 @@ MCCatT* nim_cat(nim_catd catd) {
     return nullptr;
 }
 
+namespace {
+
+// Checks the header of the catalog open in cat and returns it through h.
+// NIM_CATD_ERR or 0 (a corrupt file, reported) when it is unusable; 1 else.
+nim_catd read_header(MCCatT* cat, const char* path, MCHeaderDisk& h) {
+    struct stat st {};
+    if (::fstat(cat->fd, &st) != 0) return NIM_CATD_ERR;
+    cat->fileSize = static_cast<std::int64_t>(st.st_size);
+
+    unsigned char hb[CAT_HEADER_SIZE];
+    if (!read_at(cat->fd, 0, hb, sizeof hb)) {
+        nim_corrupt_cat(path);
+        return 0;
+    }
+    h = MCHeaderDisk::decode(hb);
+    if (!h.magic_ok()) {
+        nim_corrupt_cat(path);
+        return 0;
+    }
+    if (h.majorVer != CAT_MAJOR_VER) {
+        std::fprintf(msg_stderr(), "%s: %s is version %ld, we need %d.\n", MCS_NAME, path,
+                     static_cast<long>(h.majorVer), CAT_MAJOR_VER);
+        return NIM_CATD_ERR;
+    }
+    if (h.numSets < 1) {
+        std::fprintf(msg_stderr(), "%s: %s has %ld sets!\n", MCS_NAME, path, static_cast<long>(h.numSets));
+        return NIM_CATD_ERR;
+    }
+    return 1;
+}
+
+// Reads the chain of set records into cat->sets (the valid ones, not yet
+// loaded). Results as read_header.
+nim_catd read_sets(MCCatT* cat, const char* path, const MCHeaderDisk& h) {
+    // Every valid set needs a record of its own inside the file.
+    const std::int64_t maxRecords = cat->fileSize / CAT_SET_SIZE;
+    if (h.numSets > maxRecords) {
+        nim_corrupt_cat(path);
+        return 0;
+    }
+    try {
+        cat->sets.reserve(static_cast<std::size_t>(h.numSets));
+    } catch (const std::bad_alloc&) {
+        no_memory();
+        return NIM_CATD_ERR;
+    }
+
+    std::int64_t off = h.firstSet;
+    std::int64_t records = 0;
+    while (static_cast<std::int64_t>(cat->sets.size()) < h.numSets) {
+        unsigned char sb[CAT_SET_SIZE];
+        // A chain longer than the file has records loops on itself.
+        if (++records > maxRecords || !read_at(cat->fd, off, sb, sizeof sb)) {
+            nim_corrupt_cat(path);
+            return 0;
+        }
+        MCSetTDisk d = MCSetTDisk::decode(sb);
+        off = d.nextSet;
+        if (d.invalid != 0) continue;
+        MCSetT set;
+        set.setId = d.setId;
+        set.nextSet = d.nextSet;
+        set.u = d.u;
+        set.data = d.data;
+        set.dataLen = d.dataLen;
+        set.numMsgs = d.numMsgs;
+        set.invalid = 1;
+        cat->sets.push_back(std::move(set));
+    }
+    cat->numSets = h.numSets;
+    cat->firstSet = h.firstSet;
+    return 1;
+}
+
+// Loads every set at once. Results as read_header.
+nim_catd load_all_sets(MCCatT* cat, const char* path) {
+    for (auto& set : cat->sets) {
+        const int r = loadSet(cat, &set);
+        if (r == 0) {
+            nim_corrupt_cat(path);
+            return 0;
+        }
+        if (r < 0) {
+            no_memory();
+            return NIM_CATD_ERR;
+        }
+    }
+    return 1;
+}
+
+}  // namespace
+
 nim_catd loadCat(const char* path, int flags) {
     if (path == nullptr) return NIM_CATD_ERR;
     if (MCCatT* cached = lookupCat(path)) {
@@ -162,80 +254,11 @@ nim_catd loadCat(const char* path, int flags) {
     cat->fd = fd;
     cat->loadType = flags;
 
-    struct stat st {};
-    if (::fstat(fd, &st) != 0) return NIM_CATD_ERR;
-    cat->fileSize = static_cast<std::int64_t>(st.st_size);
-
-    unsigned char hb[CAT_HEADER_SIZE];
-    if (!read_at(fd, 0, hb, sizeof hb)) {
-        nim_corrupt_cat(path);
-        return 0;
-    }
-    MCHeaderDisk h = MCHeaderDisk::decode(hb);
-    if (!h.magic_ok()) {
-        nim_corrupt_cat(path);
-        return 0;
-    }
-    if (h.majorVer != CAT_MAJOR_VER) {
-        std::fprintf(msg_stderr(), "%s: %s is version %ld, we need %d.\n", MCS_NAME, path,
-                     static_cast<long>(h.majorVer), CAT_MAJOR_VER);
-        return NIM_CATD_ERR;
-    }
-    if (h.numSets < 1) {
-        std::fprintf(msg_stderr(), "%s: %s has %ld sets!\n", MCS_NAME, path, static_cast<long>(h.numSets));
-        return NIM_CATD_ERR;
-    }
-    // Every valid set needs a record of its own inside the file.
-    const std::int64_t maxRecords = cat->fileSize / CAT_SET_SIZE;
-    if (h.numSets > maxRecords) {
-        nim_corrupt_cat(path);
-        return 0;
-    }
-    try {
-        cat->sets.reserve(static_cast<std::size_t>(h.numSets));
-    } catch (const std::bad_alloc&) {
-        no_memory();
-        return NIM_CATD_ERR;
-    }
-
-    std::int64_t off = h.firstSet;
-    std::int64_t records = 0;
-    while (static_cast<std::int64_t>(cat->sets.size()) < h.numSets) {
-        unsigned char sb[CAT_SET_SIZE];
-        // A chain longer than the file has records loops on itself.
-        if (++records > maxRecords || !read_at(fd, off, sb, sizeof sb)) {
-            nim_corrupt_cat(path);
-            return 0;
-        }
-        MCSetTDisk d = MCSetTDisk::decode(sb);
-        off = d.nextSet;
-        if (d.invalid != 0) continue;
-        MCSetT s;
-        s.setId = d.setId;
-        s.nextSet = d.nextSet;
-        s.u = d.u;
-        s.data = d.data;
-        s.dataLen = d.dataLen;
-        s.numMsgs = d.numMsgs;
-        s.invalid = 1;
-        cat->sets.push_back(std::move(s));
-    }
-    cat->numSets = h.numSets;
-    cat->firstSet = h.firstSet;
-
-    if (flags & NIM_CAT_LOADALL) {
-        for (auto& s : cat->sets) {
-            int r = loadSet(cat.get(), &s);
-            if (r == 0) {
-                nim_corrupt_cat(path);
-                return 0;
-            }
-            if (r < 0) {
-                no_memory();
-                return NIM_CATD_ERR;
-            }
-        }
-    }
+    MCHeaderDisk h{};
+    nim_catd r = read_header(cat.get(), path, h);
+    if (r == 1) r = read_sets(cat.get(), path, h);
+    if (r == 1 && (flags & NIM_CAT_LOADALL)) r = load_all_sets(cat.get(), path);
+    if (r != 1) return r;
     return addCat(path, std::move(cat));
 }
 

@@ -51,6 +51,74 @@ alm_read_ahead::~alm_read_ahead() {
     if (--ca_->read_ahead->depth == 0) ca_->read_ahead.reset();
 }
 
+namespace {
+
+// Serves the bytes from a block that holds them all; notes in forward
+// whether off continues where a block ends.
+bool from_blocks(State* ra, void* buf, std::size_t len, off_t off, bool& forward) {
+    for (auto& b : ra->blocks) {
+        if (b.len == 0) continue;
+        if (off >= b.start && static_cast<std::size_t>(off - b.start) + len <= b.len) {
+            std::memcpy(buf, b.bytes.get() + (off - b.start), len);
+            b.used = ++ra->clock;
+            return true;
+        }
+        forward = forward || off == b.start + static_cast<off_t>(b.len);
+    }
+    return false;
+}
+
+// The tag of the slot where a record read on its own is kept, or null: a
+// request with only a few reads on their own keeps nothing.
+State::KeptTag* kept_tag(State* ra, std::size_t len, off_t off, std::size_t& slot) {
+    const bool keepable = len <= State::kKeptBytes && (ra->kept_tags || ++ra->single_reads > 8);
+    if (!keepable) return nullptr;
+    if (!ra->kept_tags) {
+        try {
+            ra->kept_tags = std::make_unique<State::KeptTag[]>(State::kKeptRecords);
+        } catch (const std::bad_alloc&) {
+            return nullptr;
+        }
+    }
+    slot = kept_slot(off, len);
+    return &ra->kept_tags[slot];
+}
+
+// Reads a block from off into the least recently used block and serves the
+// bytes from it; false on a short block or a failure.
+bool through_block(alm_comarea* ca, State* ra, void* buf, std::size_t len, off_t off) {
+    const std::size_t block_bytes = ra->next_block_bytes;
+    if (len > block_bytes) return false;
+    auto& b = ra->blocks[0].used <= ra->blocks[1].used ? ra->blocks[0] : ra->blocks[1];
+    b.len = 0;
+    if (block_bytes < State::kBlockBytes) ra->next_block_bytes = block_bytes * 2;
+    const ssize_t n = pread_retry(ca->fnum, b.bytes.get(), block_bytes, off);
+    if (n < static_cast<ssize_t>(len)) return false;
+    b.start = off;
+    b.len = static_cast<std::size_t>(n);
+    b.used = ++ra->clock;
+    std::memcpy(buf, b.bytes.get(), len);
+    return true;
+}
+
+// Notes a record read on its own in its slot; kept when read for the
+// second time since its slot last changed.
+void note_single(State* ra, State::KeptTag* tag, std::size_t slot, const void* buf, std::size_t len, off_t off) {
+    const bool again = tag->off == off && tag->len == len;
+    if (again && !ra->kept) {
+        try {
+            ra->kept = std::make_unique_for_overwrite<unsigned char[]>(State::kKeptRecords * State::kKeptBytes);
+        } catch (const std::bad_alloc&) {
+        }
+    }
+    tag->off = off;
+    tag->len = len;
+    tag->held = again && ra->kept;
+    if (tag->held) std::memcpy(ra->kept.get() + slot * State::kKeptBytes, buf, len);
+}
+
+}  // namespace
+
 ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
     State* ra = ca->read_ahead.get();
     if (ra == nullptr || len == 0 || off < 0) return pread_retry(ca->fnum, buf, len, off);
@@ -58,67 +126,20 @@ ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off) {
     // Going on from the last read, or skipping a few records ahead of it.
     bool forward = ra->last_end >= 0 && off >= ra->last_end && off - ra->last_end < static_cast<off_t>(State::kBlockBytes / 8);
     ra->last_end = off + static_cast<off_t>(len);
-    for (auto& b : ra->blocks) {
-        if (b.len == 0) continue;
-        if (off >= b.start && static_cast<std::size_t>(off - b.start) + len <= b.len) {
-            std::memcpy(buf, b.bytes.get() + (off - b.start), len);
-            b.used = ++ra->clock;
-            return static_cast<ssize_t>(len);
-        }
-        forward = forward || off == b.start + static_cast<off_t>(b.len);
-    }
+    if (from_blocks(ra, buf, len, off, forward)) return static_cast<ssize_t>(len);
 
-    // A request with only a few reads on their own keeps nothing.
-    bool keepable = len <= State::kKeptBytes && (ra->kept_tags || ++ra->single_reads > 8);
-    const std::size_t slot = keepable ? kept_slot(off, len) : 0;
-    State::KeptTag* tag = nullptr;
-    if (keepable) {
-        if (!ra->kept_tags) {
-            try {
-                ra->kept_tags = std::make_unique<State::KeptTag[]>(State::kKeptRecords);
-            } catch (const std::bad_alloc&) {
-                keepable = false;
-            }
-        }
-        if (keepable) tag = &ra->kept_tags[slot];
-    }
+    std::size_t slot = 0;
+    State::KeptTag* tag = kept_tag(ra, len, off, slot);
     if (tag && tag->held && tag->off == off && tag->len == len) {
         std::memcpy(buf, ra->kept.get() + slot * State::kKeptBytes, len);
         return static_cast<ssize_t>(len);
     }
-
-    const std::size_t block_bytes = ra->next_block_bytes;
-    if (forward && len <= block_bytes) {
-        auto& b = ra->blocks[0].used <= ra->blocks[1].used ? ra->blocks[0] : ra->blocks[1];
-        b.len = 0;
-        if (block_bytes < State::kBlockBytes) ra->next_block_bytes = block_bytes * 2;
-        const ssize_t n = pread_retry(ca->fnum, b.bytes.get(), block_bytes, off);
-        if (n >= static_cast<ssize_t>(len)) {
-            b.start = off;
-            b.len = static_cast<std::size_t>(n);
-            b.used = ++ra->clock;
-            std::memcpy(buf, b.bytes.get(), len);
-            return static_cast<ssize_t>(len);
-        }
-        // A short block or a failure: the single read below gives the
-        // result (and the error) that the caller would have had anyway.
-    }
+    // A short block or a failure: the single read below gives the result
+    // (and the error) that the caller would have had anyway.
+    if (forward && through_block(ca, ra, buf, len, off)) return static_cast<ssize_t>(len);
 
     const ssize_t n = pread_retry(ca->fnum, buf, len, off);
-    if (tag && n == static_cast<ssize_t>(len)) {
-        // Kept when read for the second time since its slot last changed.
-        const bool again = tag->off == off && tag->len == len;
-        if (again && !ra->kept) {
-            try {
-                ra->kept = std::make_unique_for_overwrite<unsigned char[]>(State::kKeptRecords * State::kKeptBytes);
-            } catch (const std::bad_alloc&) {
-            }
-        }
-        tag->off = off;
-        tag->len = len;
-        tag->held = again && ra->kept;
-        if (tag->held) std::memcpy(ra->kept.get() + slot * State::kKeptBytes, buf, len);
-    }
+    if (tag && n == static_cast<ssize_t>(len)) note_single(ra, tag, slot, buf, len, off);
     return n;
 }
 
