@@ -1,11 +1,13 @@
 // Field-by-field moves between the 256-byte V1 records and the 512-byte V2
-// layout. Each record kind has a table of moves (V1 offset, V2 offset, widths
-// and the kind of move); V1 bytes are read and written with the little-endian
-// helpers only.
+// layout, drawn from each kind's table of fields (V1 offset, V2 offset,
+// widths and the kind of move); V1 bytes are read and written with the
+// little-endian helpers only.
 #pragma once
 
 #include <cstdint>
 #include <span>
+
+#include "plan/fieldspec.h"
 
 namespace alm {
 
@@ -30,8 +32,7 @@ enum class V1Kind : std::uint8_t { Hdr, Cpu, Sched, Job, Msg, File, Rsrc, Cal, S
 
 struct V1Layout {
     std::span<const V1FieldMove> moves;
-    int rec_version_off;  // V2-only i16 set to 0 when widening; -1 if none
-    int cont_rec_off;     // V2-only u32 set to 32768 when widening; -1 if none
+    std::span<const FieldSpec> fields;  // for the V2-only fields that widening sets
 };
 
 // UserDefn has no layout of its own: its 256 bytes are carried as they are.

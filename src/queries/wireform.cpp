@@ -2,6 +2,7 @@
 #include "queries/wireform.h"
 
 #include <iterator>
+#include <span>
 #include <utility>
 
 #include "util/endian.h"
@@ -18,39 +19,48 @@ void to_low_half(unsigned char* p) {
     p[3] = 0;
 }
 
-void convert_fields(unsigned char* rec, std::span<const WireField> table) {
-    for (const WireField& f : table) {
-        unsigned char* p = rec + f.offset;
-        switch (f.form) {
-            case Wire::big_endian16: to_big_endian16(p); break;
-            case Wire::big_endian32: to_big_endian32(p); break;
-            case Wire::low_half: to_low_half(p); break;
-            case Wire::as_delivered:
-            case Wire::text: break;
-        }
+namespace {
+
+template <Wire form, int size>
+void convert_one(unsigned char* p) {
+    if constexpr (form == Wire::big_endian && size == 2) to_big_endian16(p);
+    if constexpr (form == Wire::big_endian && size == 4) to_big_endian32(p);
+    if constexpr (form == Wire::low_half) to_low_half(p);
+    if constexpr (form == Wire::low_half_twice) {
+        to_low_half(p);
+        to_low_half(p);
     }
 }
 
-namespace {
-
-template <Wire form>
-void convert_one(unsigned char* p) {
-    if constexpr (form == Wire::big_endian16) to_big_endian16(p);
-    if constexpr (form == Wire::big_endian32) to_big_endian32(p);
-    if constexpr (form == Wire::low_half) to_low_half(p);
+// Only top rows are converted: members and views are readings of bytes that
+// their top row already sends. Dependency entries are converted apart, as
+// they need the record's count.
+constexpr Wire top_wire(const FieldSpec& f, Reply reply) {
+    return f.part == Part::top ? f.wire(reply) : Wire::none;
 }
 
-template <const auto& table, std::size_t... row>
+template <const auto& table, Reply reply, std::size_t... row>
 void convert_rows(unsigned char* rec, std::index_sequence<row...>) {
-    (convert_one<table[row].form>(rec + table[row].offset), ...);
+    (convert_one<top_wire(table[row], reply), table[row].v2.size>(rec + table[row].v2.off), ...);
 }
 
-// convert_fields with the table unrolled at compile time: the fields that
-// are sent as delivered cost nothing, the others one load and one store.
-template <const auto& table>
+// The table unrolled at compile time: the fields that are sent as
+// delivered cost nothing, the others one load and one store.
+template <const auto& table, Reply reply>
 void convert_table(unsigned char* rec) {
-    convert_rows<table>(rec, std::make_index_sequence<std::size(table)>{});
+    convert_rows<table, reply>(rec, std::make_index_sequence<std::size(table)>{});
 }
+
+// Where a kind's dependency entries start.
+constexpr std::size_t dep_entries_offset(std::span<const FieldSpec> table) {
+    for (const FieldSpec& f : table)
+        if (f.deps == Wire::dep_entries) return f.v2.off;
+    return 0;
+}
+constexpr std::size_t kScheduleEntries = dep_entries_offset(kScheduleFields);
+constexpr std::size_t kJobEntries = dep_entries_offset(kJobFields);
+static_assert(kScheduleEntries == offsetof(SS_RECTYPE, ss_dependencies));
+static_assert(kJobEntries == offsetof(SJ_RECTYPE, subdep.deps.sj_dependencies));
 
 }  // namespace
 
@@ -58,17 +68,17 @@ void convert_dependency_entries(unsigned char* entries, int count) {
     for (int i = 0; i < count; ++i) to_low_half(entries + 4 * i);
 }
 
-void ConvertCpuReply(unsigned char* rec) { convert_table<kCpuWire>(rec); }
+void ConvertCpuReply(unsigned char* rec) { convert_table<kWorkstationFields, Reply::query>(rec); }
 
-void ConvertScheduleReply(unsigned char* rec) { convert_table<kScheduleWire>(rec); }
+void ConvertScheduleReply(unsigned char* rec) { convert_table<kScheduleFields, Reply::query>(rec); }
 
-void ConvertJobReply(unsigned char* rec) { convert_table<kJobWire>(rec); }
+void ConvertJobReply(unsigned char* rec) { convert_table<kJobFields, Reply::query>(rec); }
 
 SS_RECTYPE* ConvertSchedule(SS_RECTYPE* ss) {
     const int depends = dependency_count(ss->ss_num_depends);
     unsigned char* rec = record_bytes(ss);
-    convert_dependency_entries(rec + offsetof(SS_RECTYPE, ss_dependencies), depends);
-    convert_table<kScheduleWire>(rec);
+    convert_dependency_entries(rec + kScheduleEntries, depends);
+    convert_table<kScheduleFields, Reply::deps>(rec);
     return ss;
 }
 
@@ -77,26 +87,25 @@ SS_RECTYPE* ConvertScheduleDep(SS_RECTYPE* ss) { return ConvertSchedule(ss); }
 SJ_RECTYPE* ConvertJob(SJ_RECTYPE* sj) {
     const int depends = dependency_count(sj->sj_num_depends);
     unsigned char* rec = record_bytes(sj);
-    convert_dependency_entries(rec + offsetof(SJ_RECTYPE, subdep.deps.sj_dependencies), depends);
-    convert_table<kJobWire>(rec);
-    convert_table<kJobDepWireChanges>(rec);
+    convert_dependency_entries(rec + kJobEntries, depends);
+    convert_table<kJobFields, Reply::deps>(rec);
     return sj;
 }
 
 SJ_RECTYPE* ConvertJobDep(SJ_RECTYPE* sj) { return ConvertJob(sj); }
 
 SM_RECTYPE* ConvertPrompt(SM_RECTYPE* sm) {
-    convert_table<kPromptWire>(record_bytes(sm));
+    convert_table<kPromptFields, Reply::deps>(record_bytes(sm));
     return sm;
 }
 
 SF_RECTYPE* ConvertFile(SF_RECTYPE* sf) {
-    convert_table<kFileWire>(record_bytes(sf));
+    convert_table<kFileFields, Reply::deps>(record_bytes(sf));
     return sf;
 }
 
 SR_RECTYPE* ConvertResource(SR_RECTYPE* sr) {
-    convert_table<kResourceWire>(record_bytes(sr));
+    convert_table<kResourceFields, Reply::deps>(record_bytes(sr));
     return sr;
 }
 

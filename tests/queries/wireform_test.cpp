@@ -25,30 +25,41 @@ std::vector<unsigned char> at(const unsigned char* rec, std::size_t off, std::si
     return {rec + off, rec + off + n};
 }
 
-// Converts a patterned record with the table and checks it against the
-// offsets by form; every byte not listed there must come out as it went in.
-void expect_forms(std::span<const WireField> table, const qtest::WireForms& forms) {
+// Converts a patterned record and checks it against the offsets by form;
+// every byte not listed there must come out as it went in.
+void expect_forms(void (*convert)(unsigned char*), const qtest::WireForms& forms) {
     const Bytes in = patterned();
     Bytes out = in;
-    convert_fields(out.data(), table);
+    convert(out.data());
     const qtest::Bytes expected = qtest::expectedWire(in.data(), forms);
     for (std::size_t i = 0; i < out.size(); ++i) EXPECT_EQ(out[i], expected[i]) << "byte " << i;
 }
 
-// Every table against the offsets by form, on a record whose every byte differs.
+// A dependency listing conversion over a record's bytes.
+template <class Rec, Rec* (*convert)(Rec*)>
+void listed(unsigned char* bytes) {
+    Rec rec;
+    std::memcpy(&rec, bytes, sizeof rec);
+    convert(&rec);
+    std::memcpy(bytes, &rec, sizeof rec);
+}
+
+// Every kind's conversion against the offsets by form, on a record whose
+// every byte differs.
 TEST(WireTables, FormsByOffset) {
     const struct {
         const char* kind;
-        std::span<const WireField> table;
+        void (*convert)(unsigned char*);
         const qtest::WireForms& forms;
     } cases[] = {
-        {"workstation", kCpuWire, qtest::cpuForms()}, {"schedule", kScheduleWire, qtest::scheduleForms()},
-        {"job", kJobWire, qtest::jobForms()},         {"prompt", kPromptWire, qtest::promptForms()},
-        {"file", kFileWire, qtest::fileForms()},      {"resource", kResourceWire, qtest::resourceForms()},
+        {"workstation", ConvertCpuReply, qtest::cpuForms()}, {"schedule", ConvertScheduleReply, qtest::scheduleForms()},
+        {"job", ConvertJobReply, qtest::jobForms()},         {"prompt", listed<SM_RECTYPE, ConvertPrompt>, qtest::promptForms()},
+        {"file", listed<SF_RECTYPE, ConvertFile>, qtest::fileForms()},
+        {"resource", listed<SR_RECTYPE, ConvertResource>, qtest::resourceForms()},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.kind);
-        expect_forms(c.table, c.forms);
+        expect_forms(c.convert, c.forms);
     }
 }
 
