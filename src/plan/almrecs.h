@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "plan/record_basics.h"
 #include "plan/record_header.h"
@@ -59,6 +60,25 @@ union ALMRECTYPE_INT {
     unsigned char bytes[ALM_REC_SIZE_V2];
 };
 static_assert(sizeof(ALMRECTYPE_INT) == 512);
+
+// The table of fields of the kind a type code names; empty for unknown codes.
+constexpr std::span<const FieldSpec> fields_of_record(std::int16_t code) {
+    switch (code) {
+        case SH_CODE: return kHeaderFields;
+        case SCI_CODE: return kWorkstationFields;
+        case SS_CODE: return kScheduleFields;
+        case SJ_CODE: return kJobFields;
+        case SM_CODE: return kPromptFields;
+        case SF_CODE: return kFileFields;
+        case SR_CODE: return kResourceFields;
+        case SC_CODE: return kCalendarFields;
+        case ST_CODE: return kStringFields;
+        case SD_CODE: return kDependencyFields;
+        case PJ_CODE: return kPurgeableFields;
+        default: break;
+    }
+    return {};
+}
 
 // Record size for a header's sh_alm_version.
 constexpr int alm_rec_size(std::int16_t alm_version) {

@@ -62,7 +62,7 @@ enum class Wire : std::uint8_t {
 
 // The replies that carry records: the workstation, schedule and job queries,
 // and the dependency listing.
-enum class Reply : std::uint8_t { query, deps };
+enum class ReplyForm : std::uint8_t { query, deps };
 
 enum class Part : std::uint8_t {
     top,     // a field of its own (a group when its type is bytes)
@@ -108,7 +108,7 @@ struct FieldSpec {
     std::size_t v2_layout_off = 0, v2_layout_size = 0, v1_layout_off = 0, v1_layout_size = 0;
     FieldType v2_layout_type = FieldType::none, v1_layout_type = FieldType::none;
 
-    constexpr Wire wire(Reply r) const { return r == Reply::query ? query : deps; }
+    constexpr Wire wire(ReplyForm r) const { return r == ReplyForm::query ? query : deps; }
     constexpr bool is_group() const { return v2.type == FieldType::bytes; }
     constexpr int count() const {
         const int w = element_width(v2.type);
@@ -174,7 +174,11 @@ struct FieldSpec {
     }
 };
 
-const FieldSpec* find_spec(std::span<const FieldSpec> table, std::string_view name);
+constexpr const FieldSpec* find_spec(std::span<const FieldSpec> table, std::string_view name) {
+    for (const FieldSpec& f : table)
+        if (name == f.name) return &f;
+    return nullptr;
+}
 
 namespace fieldspec_detail {
 

@@ -35,18 +35,18 @@ void convert_one(unsigned char* p) {
 // Only top rows are converted: members and views are readings of bytes that
 // their top row already sends. Dependency entries are converted apart, as
 // they need the record's count.
-constexpr Wire top_wire(const FieldSpec& f, Reply reply) {
+constexpr Wire top_wire(const FieldSpec& f, ReplyForm reply) {
     return f.part == Part::top ? f.wire(reply) : Wire::none;
 }
 
-template <const auto& table, Reply reply, std::size_t... row>
+template <const auto& table, ReplyForm reply, std::size_t... row>
 void convert_rows(unsigned char* rec, std::index_sequence<row...>) {
     (convert_one<top_wire(table[row], reply), table[row].v2.size>(rec + table[row].v2.off), ...);
 }
 
 // The table unrolled at compile time: the fields that are sent as
 // delivered cost nothing, the others one load and one store.
-template <const auto& table, Reply reply>
+template <const auto& table, ReplyForm reply>
 void convert_table(unsigned char* rec) {
     convert_rows<table, reply>(rec, std::make_index_sequence<std::size(table)>{});
 }
@@ -68,17 +68,17 @@ void convert_dependency_entries(unsigned char* entries, int count) {
     for (int i = 0; i < count; ++i) to_low_half(entries + 4 * i);
 }
 
-void ConvertCpuReply(unsigned char* rec) { convert_table<kWorkstationFields, Reply::query>(rec); }
+void ConvertCpuReply(unsigned char* rec) { convert_table<kWorkstationFields, ReplyForm::query>(rec); }
 
-void ConvertScheduleReply(unsigned char* rec) { convert_table<kScheduleFields, Reply::query>(rec); }
+void ConvertScheduleReply(unsigned char* rec) { convert_table<kScheduleFields, ReplyForm::query>(rec); }
 
-void ConvertJobReply(unsigned char* rec) { convert_table<kJobFields, Reply::query>(rec); }
+void ConvertJobReply(unsigned char* rec) { convert_table<kJobFields, ReplyForm::query>(rec); }
 
 SS_RECTYPE* ConvertSchedule(SS_RECTYPE* ss) {
     const int depends = dependency_count(ss->ss_num_depends);
     unsigned char* rec = record_bytes(ss);
     convert_dependency_entries(rec + kScheduleEntries, depends);
-    convert_table<kScheduleFields, Reply::deps>(rec);
+    convert_table<kScheduleFields, ReplyForm::deps>(rec);
     return ss;
 }
 
@@ -88,24 +88,24 @@ SJ_RECTYPE* ConvertJob(SJ_RECTYPE* sj) {
     const int depends = dependency_count(sj->sj_num_depends);
     unsigned char* rec = record_bytes(sj);
     convert_dependency_entries(rec + kJobEntries, depends);
-    convert_table<kJobFields, Reply::deps>(rec);
+    convert_table<kJobFields, ReplyForm::deps>(rec);
     return sj;
 }
 
 SJ_RECTYPE* ConvertJobDep(SJ_RECTYPE* sj) { return ConvertJob(sj); }
 
 SM_RECTYPE* ConvertPrompt(SM_RECTYPE* sm) {
-    convert_table<kPromptFields, Reply::deps>(record_bytes(sm));
+    convert_table<kPromptFields, ReplyForm::deps>(record_bytes(sm));
     return sm;
 }
 
 SF_RECTYPE* ConvertFile(SF_RECTYPE* sf) {
-    convert_table<kFileFields, Reply::deps>(record_bytes(sf));
+    convert_table<kFileFields, ReplyForm::deps>(record_bytes(sf));
     return sf;
 }
 
 SR_RECTYPE* ConvertResource(SR_RECTYPE* sr) {
-    convert_table<kResourceFields, Reply::deps>(record_bytes(sr));
+    convert_table<kResourceFields, ReplyForm::deps>(record_bytes(sr));
     return sr;
 }
 

@@ -4,17 +4,22 @@
 // line is a JSON object instead.
 #include "dump.h"
 
+#include <algorithm>
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <string>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "check.h"
 #include "jobstates.h"
 #include "plan/almaccs.h"
+#include "plan/almforms_v1.h"
 #include "plan/almrecs.h"
+#include "util/endian.h"
 
 namespace alm {
 
@@ -22,60 +27,6 @@ namespace {
 
 constexpr int kExitFailure = 1;
 constexpr int kExitUsage = 2;
-
-struct FlagName {
-    int bit;
-    const char* name;
-};
-
-constexpr FlagName kHeaderFlags[] = {
-    {shf_do_userjobs, "shf_do_userjobs"}, {shf_zero_pri, "shf_zero_pri"},
-    {shf_rr_same_name, "shf_rr_same_name"}, {shf_have_cals, "shf_have_cals"},
-    {shf_rules, "shf_rules"}, {shf_carried_fwd, "shf_carried_fwd"},
-    {shf_ap_userjobs, "shf_ap_userjobs"}, {shf_purge_jobs, "shf_purge_jobs"},
-    {shf_programmatic_jobs, "shf_programmatic_jobs"}, {shf_quillon_excl, "shf_quillon_excl"},
-    {shf_st_supported, "shf_st_supported"}, {shf_almanack_is_old, "shf_almanack_is_old"},
-    {shf_have_external_jobs, "shf_have_external_jobs"}, {shf_switch_mgr, "shf_switch_mgr"},
-    {shf_empty_succ, "shf_empty_succ"}, {shf_grant_logon_batch, "shf_grant_logon_batch"},
-};
-constexpr FlagName kHeaderFlags2[] = {
-    {shf_postrunner_NOT_inited, "shf_postrunner_NOT_inited"}, {shf_NOT_fully_inited, "shf_NOT_fully_inited"},
-};
-constexpr FlagName kCpuFlags[] = {
-    {scif_full_status, "scif_full_status"}, {scif_auto_link, "scif_auto_link"},
-    {scif_resolve_deps, "scif_resolve_deps"},
-};
-constexpr FlagName kSchedFlags[] = {
-    {ssf_in_order, "ssf_in_order"}, {ssf_replicated, "ssf_replicated"}, {ssf_carried_fwd, "ssf_carried_fwd"},
-    {ssf_carry_fwd, "ssf_carry_fwd"}, {ssf_dont_touch, "ssf_dont_touch"}, {ssf_until_used, "ssf_until_used"},
-    {ssf_user_jobs, "ssf_user_jobs"}, {ssf_this_cpu, "ssf_this_cpu"}, {ssf_external, "ssf_external"},
-    {ssf_free_2, "ssf_free_2"}, {ssf_needs_rsrc, "ssf_needs_rsrc"}, {ssf_has_rsrc, "ssf_has_rsrc"},
-    {ssf_released, "ssf_released"}, {ssf_cancelled, "ssf_cancelled"}, {ssf_cancel_pend, "ssf_cancel_pend"},
-    {ssf_every, "ssf_every"},
-};
-constexpr FlagName kSchedReFlags[] = {{ssrf_held_by_user, "ssrf_held_by_user"}};
-constexpr FlagName kJobFlags[] = {
-    {sjf1_re_job, "sjf1_re_job"}, {sjf1_ignore, "sjf1_ignore"}, {sjf1_buckujob, "sjf1_buckujob"},
-    {sjf1_dont_touch, "sjf1_dont_touch"}, {sjf1_do_rerun, "sjf1_do_rerun"}, {sjf1_until_used, "sjf1_until_used"},
-    {sjf1_user_job, "sjf1_user_job"}, {sjf1_this_cpu, "sjf1_this_cpu"}, {sjf1_succ_pend, "sjf1_succ_pend"},
-    {sjf1_needs_msg, "sjf1_needs_msg"}, {sjf1_needs_rsrc, "sjf1_needs_rsrc"}, {sjf1_has_rsrc, "sjf1_has_rsrc"},
-    {sjf1_released, "sjf1_released"}, {sjf1_cancelled, "sjf1_cancelled"}, {sjf1_showed_up, "sjf1_showed_up"},
-    {sjf1_every, "sjf1_every"},
-};
-constexpr FlagName kJobFlags2[] = {
-    {sjf2_run_again, "sjf2_run_again"}, {sjf2_running, "sjf2_running"}, {sjf2_alias, "sjf2_alias"},
-    {sjf2_logged, "sjf2_logged"}, {sjf2_rstrt_flag, "sjf2_rstrt_flag"}, {sjf2_every_run, "sjf2_every_run"},
-    {sjf2_launchedby_ms, "sjf2_launchedby_ms"}, {sjf2_wildcarded, "sjf2_wildcarded"},
-    {sjf2_confirm_job, "sjf2_confirm_job"}, {sjf2_programmatic_job, "sjf2_programmatic_job"},
-    {sjf2_wait_for_taskherd, "sjf2_wait_for_taskherd"}, {sjf2_sched_same_cpu, "sjf2_sched_same_cpu"},
-    {sjf2_is_command, "sjf2_is_command"}, {sjf2_long_jcl, "sjf2_long_jcl"}, {sjf2_cancel_pend, "sjf2_cancel_pend"},
-    {sjf2_replicated, "sjf2_replicated"},
-};
-constexpr FlagName kJobReFlags[] = {
-    {sjrf_type1, "sjrf_type1"}, {sjrf_type2, "sjrf_type2"}, {sjrf_step, "sjrf_step"},
-    {sjrf_gen_msg, "sjrf_gen_msg"}, {sjrf_held_by_user, "sjrf_held_by_user"},
-    {sjrf_interactive, "sjrf_interactive"}, {sjrf_external, "sjrf_external"}, {sjrf_is_mpe_job, "sjrf_is_mpe_job"},
-};
 
 constexpr const char* kDepNames[] = {
     "ScDummyZero", "LocMsgDep", "GlbMsgDep", "PreschedDep", "PrejobDep", "RestType",
@@ -190,8 +141,7 @@ public:
         }
         quoted(buf);
     }
-    template <std::size_t N>
-    void flags(const char* key, unsigned word, const FlagName (&names)[N]) {
+    void flags(const char* key, unsigned word, std::span<const FlagName> names) {
         key_(key);
         out_ += json_ ? "[" : "";
         bool any = false;
@@ -304,191 +254,76 @@ private:
     std::string out_;
 };
 
+// A number of the record as its row types it (first element of an array).
+std::int64_t value_of(const ALMRECTYPE& r, const FieldSpec& f) {
+    const unsigned char* p = r.bytes + f.v2.off;
+    const bool sign = is_signed(f.v2.type);
+    switch (element_width(f.v2.type)) {
+    case 1: return *p;
+    case 2: return sign ? static_cast<std::int16_t>(load_le16(p)) : load_le16(p);
+    default: return sign ? static_cast<std::int32_t>(load_le32(p)) : load_le32(p);
+    }
+}
+
+// Only the member of the job's subdep union that its flags say is in use.
+bool in_use(const ALMRECTYPE& r, Variant v) {
+    if (v == Variant::any || r.alm_rec_type != SJ_CODE) return true;
+    switch (job_subdep_form(r.sj.sj_num_depends, r.sj.sj_re_flags)) {
+    case SubdepForm::Submit: return v == Variant::submit;
+    case SubdepForm::Deps: return v == Variant::deps;
+    case SubdepForm::Xkes: return v == Variant::external;
+    }
+    return false;
+}
+
+void show_deps(Line& l, const ALMRECTYPE& r) {
+    if (r.alm_rec_type == SS_CODE)
+        l.deps(r.ss.ss_num_depends, r.ss.ss_depend_flags, r.ss.ss_dependencies);
+    else
+        l.deps(r.sj.sj_num_depends, r.sj.subdep.deps.sj_depend_flags, r.sj.subdep.deps.sj_dependencies);
+}
+
+// The prompt's text runs on into sm_message_more when that holds any.
+void show_message(Line& l, const char* key, const SM_RECTYPE& m) {
+    std::string text(trimmed(m.sm_message, sizeof m.sm_message));
+    std::string more(trimmed(m.sm_message_more, sizeof m.sm_message_more));
+    if (!more.empty()) text = std::string(m.sm_message, sizeof m.sm_message) + more;
+    l.text(key, text);
+}
+
+void show_qualifier(Line& l, const char* key, const SF_RECTYPE& f) {
+    const int max = static_cast<int>(sizeof f.sf_feq);
+    const int len = f.sf_feq_len < 0 ? 0 : (f.sf_feq_len > max ? max : f.sf_feq_len);
+    l.text(key, std::string_view(f.sf_feq, static_cast<std::size_t>(len)));
+}
+
+void show_field(Line& l, const ALMRECTYPE& r, std::span<const FieldSpec> table, const FieldSpec& f) {
+    switch (f.how) {
+    case Show::text: l.field(f.label, reinterpret_cast<const char*>(r.bytes + f.v2.off), f.v2.size); break;
+    case Show::number: l.number(f.label, value_of(r, f)); break;
+    case Show::link: l.link(f.label, static_cast<std::uint32_t>(value_of(r, f))); break;
+    case Show::status: l.status(static_cast<std::int16_t>(value_of(r, f))); break;
+    case Show::date: {
+        const FieldSpec* time = f.time != nullptr ? find_spec(table, f.time) : nullptr;
+        l.date(f.label, static_cast<std::int32_t>(value_of(r, f)), time != nullptr ? static_cast<int>(value_of(r, *time)) : -1);
+        break;
+    }
+    case Show::flags: l.flags(f.label, static_cast<std::uint16_t>(value_of(r, f)), f.flag_names); break;
+    case Show::deps: show_deps(l, r); break;
+    case Show::message: show_message(l, f.label, r.sm); break;
+    case Show::qualifier: show_qualifier(l, f.label, r.sf); break;
+    case Show::none: break;
+    }
+}
+
+// The fields that the kind's table marks to be shown, in the order of rank.
 void describe(Line& l, const ALMRECTYPE& r) {
-    switch (r.alm_rec_type) {
-    case SH_CODE: {
-        const SH_RECTYPE& h = r.sh;
-        l.number("version", h.sh_alm_version);
-        l.field("cpu", h.sh_cpu_id, 16);
-        l.field("master", h.sh_mast_cpu, 16);
-        l.field("master_domain", h.sh_mast_domain, 16);
-        l.number("records", h.sh_num_recs);
-        l.number("run", h.sh_run_number);
-        l.number("day_start", h.sh_day_start);
-        l.number("job_fence", h.sh_job_fence);
-        l.date("sched_date", h.sh_sched_date, -1);
-        l.date("last", h.sh_last_date, h.sh_last_time);
-        l.date("started", h.sh_date_started, h.sh_time_started);
-        l.link("first_cpu", h.sh_first_cpu);
-        l.link("last_cpu", h.sh_last_cpu);
-        l.link("first_domain", h.sh_first_domain);
-        l.link("last_domain", h.sh_last_domain);
-        l.link("first_sched", h.sh_first_sched);
-        l.link("last_sched", h.sh_last_sched);
-        l.link("first_msg", h.sh_first_msg);
-        l.link("last_msg", h.sh_last_msg);
-        l.link("first_file", h.sh_first_file);
-        l.link("last_file", h.sh_last_file);
-        l.link("first_resource", h.sh_first_resource);
-        l.link("last_resource", h.sh_last_resource);
-        l.link("first_cal", h.sh_first_cal);
-        l.link("last_cal", h.sh_last_cal);
-        l.link("first_st", h.sh_first_st);
-        l.link("last_st", h.sh_last_st);
-        l.number("cpus", h.sh_num_cpus);
-        l.number("scheds", h.sh_num_scheds);
-        l.number("msgs", h.sh_num_msgs);
-        l.number("files", h.sh_num_files);
-        l.number("resources", h.sh_num_resources);
-        l.number("cals", h.sh_num_cals);
-        l.flags("flags", h.sh_flags, kHeaderFlags);
-        l.flags("flags2", h.sh_flags2, kHeaderFlags2);
-        break;
-    }
-    case SCI_CODE: {
-        const SCI_RECTYPE& c = r.sci;
-        l.field("cpu", c.sci_cpu_id, 16);
-        l.field("host", c.sci_host_cpu, 16);
-        l.field("node", c.sci_node_name, 52);
-        l.field("domain", c.sci_domain_name, 16);
-        l.number("status", c.sci_status);
-        l.number("rec_num", c.sci_rec_num);
-        l.link("prev", c.sci_prev_cpu_ptr);
-        l.link("next", c.sci_next_cpu_ptr);
-        l.link("prev_domain", c.sci_prev_domain_ptr);
-        l.link("next_domain", c.sci_next_domain_ptr);
-        l.link("first_sched", c.sci_first_sched);
-        l.date("started", c.sci_date_started, c.sci_time_started);
-        l.flags("flags", c.sci_flags, kCpuFlags);
-        break;
-    }
-    case SS_CODE: {
-        const SS_RECTYPE& s = r.ss;
-        l.field("cpu", s.ss_cpu_id, 16);
-        l.field("sched", s.ss_sched_name, 16);
-        l.status(s.ss_status);
-        l.number("rec_num", s.ss_rec_num);
-        l.number("priority", s.ss_sched_pri.priority);
-        l.number("jobs", s.ss_num_jobs);
-        l.link("first_job", s.ss_first_job);
-        l.link("last_job", s.ss_last_job);
-        l.link("prev", s.ss_prev_sch_ptr);
-        l.link("next", s.ss_next_sch_ptr);
-        l.date("prod_date", s.ss_prod_date, -1);
-        l.date("sched_date", s.ss_sched_date, s.ss_start_time);
-        l.date("until", s.ss_until_date, s.ss_until_time);
-        l.date("started", s.ss_date_started, s.ss_time_started);
-        l.flags("flags", s.ss_flags, kSchedFlags);
-        l.flags("re_flags", static_cast<std::uint16_t>(s.ss_re_flags), kSchedReFlags);
-        l.deps(s.ss_num_depends, s.ss_depend_flags, s.ss_dependencies);
-        break;
-    }
-    case SJ_CODE: {
-        const SJ_RECTYPE& j = r.sj;
-        l.field("cpu", j.sj_cpu_id, 16);
-        l.field("sched", j.sj_schedule, 16);
-        l.field("job", j.sj_job_name, 40);
-        l.status(j.sj_status);
-        l.number("rec_num", j.sj_rec_num);
-        l.number("job_number", j.sj_job_number);
-        l.number("priority", j.sj_job_pri.priority);
-        l.field("user", j.sj_job_user, 48);
-        l.link("sched_rec", j.sj_sched_ptr);
-        l.link("prev", j.sj_prev_job_ptr);
-        l.link("next", j.sj_next_job_ptr);
-        l.link("restart", j.sj_restart_ptr);
-        l.link("re_job", j.sj_re_job_ptr);
-        l.link("re_prompt", j.sj_re_prmpt_ptr);
-        l.date("sched_date", j.sj_sched_date, j.sj_start_time);
-        l.date("until", j.sj_until_date, j.sj_until_time);
-        l.date("started", j.sj_date_started, j.sj_time_started);
-        l.flags("flags", j.sj_flags, kJobFlags);
-        l.flags("flags2", j.sj_flags2, kJobFlags2);
-        l.flags("re_flags", j.sj_re_flags, kJobReFlags);
-        if (j.sj_num_depends == -1) {
-            l.field("re_for_cpu", j.subdep.submit.sj_re_for_cpu, 16);
-            l.field("re_for_job", j.subdep.submit.sj_re_for_job, 40);
-        } else if (flag_set(j.sj_re_flags, sjrf_external)) {
-            l.field("external_id", j.subdep.xkes_id, 64);
-        } else {
-            l.deps(j.sj_num_depends, j.subdep.deps.sj_depend_flags, j.subdep.deps.sj_dependencies);
-        }
-        break;
-    }
-    case SM_CODE: {
-        const SM_RECTYPE& m = r.sm;
-        l.field("prompt", m.sm_msg_name, 8);
-        l.field("cpu", m.sm_cpu_id, 16);
-        l.number("status", m.sm_status);
-        l.number("msg_no", m.sm_msg_no);
-        l.link("prev", m.sm_prev_msg);
-        l.link("next", m.sm_next_msg);
-        l.link("job", m.sm_job_ptr);
-        l.date("asked", m.sm_date_asked, m.sm_time_asked);
-        l.date("answered", m.sm_date_resp, m.sm_time_resp);
-        std::string text(trimmed(m.sm_message, 80));
-        std::string more(trimmed(m.sm_message_more, 120));
-        if (!more.empty()) text = std::string(m.sm_message, 80) + more;
-        l.text("text", text);
-        break;
-    }
-    case SF_CODE: {
-        const SF_RECTYPE& f = r.sf;
-        l.field("cpu", f.sf_cpu_id, 16);
-        l.field("file", f.sf_file_name, 28);
-        l.number("status", f.sf_status);
-        l.link("prev", f.sf_prev_file);
-        l.link("next", f.sf_next_file);
-        int len = f.sf_feq_len < 0 ? 0 : (f.sf_feq_len > 120 ? 120 : f.sf_feq_len);
-        l.text("qualifier", std::string_view(f.sf_feq, static_cast<std::size_t>(len)));
-        break;
-    }
-    case SR_CODE: {
-        const SR_RECTYPE& s = r.sr;
-        l.field("cpu", s.sr_cpu_id, 16);
-        l.field("resource", s.sr_resource_name, 8);
-        l.number("status", s.sr_status);
-        l.link("prev", s.sr_prev_resource);
-        l.link("next", s.sr_next_resource);
-        l.number("avail", s.sr_num_avail);
-        l.number("used", s.sr_num_used);
-        l.number("holders", s.sr_num_holders);
-        break;
-    }
-    case SC_CODE: {
-        const SC_RECTYPE& c = r.sc;
-        l.field("calendar", c.sc_cal_name, 8);
-        l.number("dates", c.sc_num_dates);
-        l.link("prev", c.sc_prev_cal);
-        l.link("next", c.sc_next_cal);
-        l.link("cont", c.sc_cont_rec);
-        l.link("cont_from", c.sc_cont_from);
-        break;
-    }
-    case ST_CODE: {
-        const ST_RECTYPE& s = r.st;
-        l.number("rec_num", s.st_rec_num);
-        l.link("next", s.st_next_ptr);
-        l.number("first_free", s.st_First_Free);
-        break;
-    }
-    case SD_CODE: {
-        const SD_RECTYPE& d = r.sd;
-        l.field("cpu", d.sd_cpu_id, 16);
-        l.field("sched", d.sd_sched_name, 16);
-        l.field("job", d.sd_job_name, 40);
-        l.number("dep_type", d.sd_dep_type);
-        l.field("dep_cpu", d.sd_dep_cpu, 16);
-        l.field("dep_name", d.sd_dep_name, 16);
-        l.field("dep_job", d.sd_dep_jname, 40);
-        break;
-    }
-    case PJ_CODE:
-        l.number("jobs", r.pj.pj_job_count);
-        break;
-    default:
-        break;
-    }
+    const std::span<const FieldSpec> table = fields_of_record(r.alm_rec_type);
+    std::vector<const FieldSpec*> shown;
+    for (const FieldSpec& f : table)
+        if (f.how != Show::none && in_use(r, f.variant)) shown.push_back(&f);
+    std::sort(shown.begin(), shown.end(), [](const FieldSpec* a, const FieldSpec* b) { return a->rank < b->rank; });
+    for (const FieldSpec* f : shown) show_field(l, r, table, *f);
 }
 
 bool put(const std::string& s) { return std::fwrite(s.data(), 1, s.size(), stdout) == s.size(); }

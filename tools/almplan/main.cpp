@@ -212,11 +212,11 @@ int cmd_synth(int argc, char** argv) {
     return 0;
 }
 
-const char* type_word(FieldType t) {
+const char* type_word(ValueType t) {
     switch (t) {
-    case FieldType::Signed: return "signed";
-    case FieldType::Unsigned: return "unsigned";
-    case FieldType::Text: return "text";
+    case ValueType::Signed: return "signed";
+    case ValueType::Unsigned: return "unsigned";
+    case ValueType::Text: return "text";
     }
     return "?";
 }

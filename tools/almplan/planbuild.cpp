@@ -84,7 +84,7 @@ private:
 
     bool given(const Entity& e, const FieldDesc& f, int index) const {
         const std::size_t from = f.offset + static_cast<std::size_t>(index) * f.width;
-        const std::size_t to = f.type == FieldType::Text ? f.offset + f.size() : from + f.width;
+        const std::size_t to = f.type == ValueType::Text ? f.offset + f.size() : from + f.width;
         for (std::size_t b = from; b < to; ++b) {
             if (e.given.test(b)) return true;
         }

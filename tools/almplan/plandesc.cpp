@@ -132,7 +132,7 @@ private:
     }
     void give(Entity& e, const FieldDesc& f, int index) {
         const std::size_t from = f.offset + static_cast<std::size_t>(index) * f.width;
-        const std::size_t to = f.type == FieldType::Text ? f.offset + f.size() : from + f.width;
+        const std::size_t to = f.type == ValueType::Text ? f.offset + f.size() : from + f.width;
         for (std::size_t b = from; b < to; ++b) e.given.set(b);
     }
     void put_text(Entity& e, const char* field, std::string_view text) {
@@ -408,7 +408,7 @@ bool Parser::do_set(const std::vector<std::string>& w) {
     if (!field_ref(w[1], ref)) return false;
     Entity& e = cur();
     const FieldDesc& f = *ref.field;
-    if (f.type == FieldType::Text) {
+    if (f.type == ValueType::Text) {
         if (w.size() != 3) return fail("text for field '" + w[1] + "' must be one word or quoted");
         if (w[2].size() > f.width) {
             return fail("text for field '" + w[1] + "' is longer than " + std::to_string(f.width) + " bytes");
@@ -417,7 +417,7 @@ bool Parser::do_set(const std::vector<std::string>& w) {
         give(e, f, 0);
         return true;
     }
-    const DateField* df = find_date_field(e.kind, f.name);
+    const FieldSpec* df = find_date_field(e.kind, f.name);
     if (df != nullptr && looks_like_date(w[2])) {
         CivilDate date{};
         if (!parse_civil_date(w[2], date)) return fail("bad date '" + w[2] + "' (YYYY-MM-DD, 1971 to 2037)");
@@ -525,7 +525,7 @@ bool Parser::do_link(const std::vector<std::string>& w) {
     if (w.size() < 3) return fail("the form is 'link FIELD TARGET'");
     FieldRef ref;
     if (!field_ref(w[1], ref)) return false;
-    if (ref.field->type == FieldType::Text) return fail("field '" + w[1] + "' holds text, not a record number");
+    if (ref.field->type == ValueType::Text) return fail("field '" + w[1] + "' holds text, not a record number");
     Target t;
     int unused = 0;
     if (!parse_target(w, 2, false, t, unused)) return false;

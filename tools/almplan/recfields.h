@@ -1,5 +1,5 @@
-// Field descriptors of the plan records that almplan builds, taken from the
-// V2 layouts with offsetof, so that any field can be set by its name.
+// Field descriptors of the plan records that almplan builds, drawn from the
+// plan library's tables of fields, so that any field can be set by its name.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace alm {
 enum class RecKind : std::uint8_t { Header, Cpu, Sched, Job, Prompt, File, Resource, Calendar, String };
 inline constexpr int REC_KIND_COUNT = 9;
 
-enum class FieldType : std::uint8_t { Signed, Unsigned, Text };
+enum class ValueType : std::uint8_t { Signed, Unsigned, Text };
 
 enum class FieldRole : std::uint8_t {
     Plain,   // zero, or blanks for text, in a new record
@@ -27,7 +27,7 @@ struct FieldDesc {
     std::uint16_t offset;
     std::uint16_t width;  // bytes of one element; a text field is one element
     std::uint16_t count;  // elements: 1 unless the field is an array
-    FieldType type;
+    ValueType type;
     FieldRole role;
 
     constexpr std::uint16_t size() const { return static_cast<std::uint16_t>(width * count); }
@@ -56,13 +56,8 @@ std::int64_t load_number(const unsigned char* rec, const FieldDesc& f, int index
 // Blank-padded store; the text must not be longer than the field.
 void store_text(unsigned char* rec, const FieldDesc& f, std::string_view text);
 
-// Date fields of the external form and the hhmm field that goes with each in
-// a description (null when the date carries no time of day).
-struct DateField {
-    RecKind kind;
-    const char* date;
-    const char* time;
-};
-const DateField* find_date_field(RecKind kind, std::string_view name);
+// The row of a date field of the external form, whose `time` names the hhmm
+// field that goes with it (null when the date carries no time of day).
+const FieldSpec* find_date_field(RecKind kind, std::string_view name);
 
 }  // namespace alm
