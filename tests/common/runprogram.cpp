@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <stdexcept>
 
 #include "common/files.h"
 #include "common/tempdir.h"
@@ -77,6 +79,17 @@ RunResult build_plan(const std::string& desc, const std::string& out, bool v1) {
     args.push_back(desc);
     args.push_back(out);
     return run_program(built_program("almplan"), args);
+}
+
+std::string make_plan(const std::string& out, const std::string& desc, bool v1) {
+    const std::string desc_path = out + ".desc";
+    std::error_code ec;
+    std::filesystem::create_directories(std::filesystem::path(out).parent_path(), ec);
+    write_file(desc_path, desc);
+    const RunResult r = build_plan(desc_path, out, v1);
+    std::remove(desc_path.c_str());
+    if (r.status != 0) throw std::runtime_error("almplan build " + out + ": " + r.out + r.err);
+    return out;
 }
 
 }  // namespace alm::test

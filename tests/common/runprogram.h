@@ -28,4 +28,10 @@ std::string built_program(const std::string& name);
 // `almplan build [--v1] DESC OUT`.
 RunResult build_plan(const std::string& desc, const std::string& out, bool v1 = false);
 
+// Builds the plan described by the text desc at out, making its directory
+// (the description goes to a scratch file beside it, removed afterwards);
+// returns out. Throws
+// std::runtime_error with almplan's complaint when it fails.
+std::string make_plan(const std::string& out, const std::string& desc, bool v1 = false);
+
 }  // namespace alm::test

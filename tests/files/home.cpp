@@ -32,14 +32,6 @@ bool TempHome::touch(const std::string& rel) const {
     return true;
 }
 
-bool buildPlan(const std::string& description, const std::string& out, bool v1) {
-    const std::string desc = out + ".desc";
-    test::write_file(desc, description);
-    const bool ok = test::build_plan(desc, out, v1).status == 0;
-    std::remove(desc.c_str());
-    return ok;
-}
-
 std::string catalogText(const std::string& source, int set, int number,
                         const std::vector<std::string>& args) {
     std::ifstream in(source);

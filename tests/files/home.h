@@ -1,7 +1,7 @@
 // A scratch installation for end-to-end tests: a home holding bin/almread
 // (a copy, so that the server finds this home), the compiled catalogs,
-// plans/ and schedlog/; plan files written by the built almplan; and other
-// processes that hold or inspect locks on a file.
+// plans/ and schedlog/; and other processes that hold or inspect locks on a
+// file.
 #pragma once
 
 #include <sys/types.h>
@@ -31,9 +31,6 @@ private:
     test::TempDir dir_;
     bool ok_ = false;
 };
-
-// Writes a plan with `almplan build [--v1] DESC OUT`; false on any failure.
-bool buildPlan(const std::string& description, const std::string& out, bool v1 = false);
 
 // The text of message `number` of set `set` in a catalog source, with its
 // "!N" inserts replaced by args[N-1]; empty when not found.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "client/almclient.h"
+#include "common/runprogram.h"
 #include "files/home.h"
 
 namespace alm::filestest {
@@ -96,7 +97,7 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(home_.ok());
         plan_ = home_.file("plans/current");
-        ASSERT_TRUE(buildPlan(v2Description(), plan_));
+        test::make_plan(plan_, v2Description());
         ASSERT_TRUE(startServer(client_, home_));
     }
     TempHome home_;
@@ -128,7 +129,7 @@ TEST_F(Files, OpenRepliesWithTheHeaderOfAV2Plan) {
 
 TEST_F(Files, OpenRepliesWithTheHeaderOfAV1Plan) {
     const std::string v1 = home_.file("plans/old");
-    ASSERT_TRUE(buildPlan(kV1Description, v1, true));
+    test::make_plan(v1, kV1Description, true);
     auto items = openPlan(client_, v1);
     EXPECT_EQ(items[0], "0");
     EXPECT_EQ(items[1], "");
@@ -146,10 +147,10 @@ TEST_F(Files, OpenRepliesWithTheHeaderOfAV1Plan) {
 
 TEST_F(Files, PlanDateDropsItsCenturyOnlyWhenAskedTo) {
     const std::string v1 = home_.file("plans/old");
-    ASSERT_TRUE(buildPlan(kV1Description, v1, true));
+    test::make_plan(v1, kV1Description, true);
     // A V1 plan date whose midnight 32-bit seconds cannot hold: no date, 0.
     const std::string far = home_.file("plans/far");
-    ASSERT_TRUE(buildPlan(kV1Description, far, true));
+    test::make_plan(far, kV1Description, true);
     {
         const unsigned char ccyymmdd[4] = {0x22, 0xCA, 0x3C, 0x01};  // 20761122, little-endian
         const int fd = ::open(far.c_str(), O_WRONLY);
@@ -186,7 +187,7 @@ TEST_F(Files, FenceIsCutToFourCharacterField) {
     int n = 0;
     for (const auto& k : cases) {
         const std::string p = home_.file("plans/fence" + std::to_string(n++));
-        ASSERT_TRUE(buildPlan(v2Description(k.fence), p)) << k.fence;
+        test::make_plan(p, v2Description(k.fence));
         EXPECT_EQ(openPlan(client_, p)[7], k.shown) << k.fence;
     }
     expectCleanEnd(client_);
@@ -228,7 +229,7 @@ TEST_F(Files, RelativePathsAreTakenUnderTheHome) {
     // paths must not see it.
     TempHome elsewhere;
     ASSERT_TRUE(elsewhere.ok());
-    ASSERT_TRUE(buildPlan(v2Description(), elsewhere.file("plans/onlyhere")));
+    test::make_plan(elsewhere.file("plans/onlyhere"), v2Description());
     AlmClient c;
     SpawnOptions opts;
     opts.workDir = elsewhere.path();
@@ -334,7 +335,7 @@ TEST_F(Files, WrongArgumentCountsGetNoReply) {
 
 TEST_F(Files, PlansStillOpenAtEndOfInputAreClosed) {
     const std::string other = home_.file("plans/other");
-    ASSERT_TRUE(buildPlan(v2Description(), other));
+    test::make_plan(other, v2Description());
     ASSERT_EQ(openPlan(client_, plan_)[0], "0");
     ASSERT_EQ(openPlan(client_, other)[0], "0");
     ASSERT_EQ(openPlan(client_, plan_)[0], "0");

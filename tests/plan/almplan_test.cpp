@@ -26,10 +26,7 @@ protected:
     }
 
     std::string build(const std::string& desc) {
-        const std::string out = dir.file("plan");
-        const RunResult r = test::build_plan(dir.write("plan.txt", desc), out);
-        EXPECT_EQ(r.status, 0) << r.out << r.err;
-        return out;
+        return test::make_plan(dir.file("plan"), desc);
     }
 };
 

@@ -28,7 +28,7 @@ protected:
 
     // 1 A, 2 A/S1, 3 J1.
     std::string plan(const std::string& name, bool v2 = true) {
-        return test::make_plan(dir, name, "workstation A\nschedule A S1\njob J1\n", !v2);
+        return test::make_plan(dir.file(name), "workstation A\nschedule A S1\njob J1\n", !v2);
     }
     alm_comarea* open(const std::string& path, int mode) {
         alm_comarea* ca = nullptr;

@@ -30,10 +30,12 @@ protected:
     alm_session session;
 
     alm_comarea* open_plan(const std::string& desc, const std::string& name = "plan", bool v1 = false) {
-        return open_path(test::make_plan(dir, name, desc, v1));
+        return open_path(test::make_plan(dir.file(name), desc, v1));
     }
     // The records of the plan desc describes, to be damaged and opened.
-    std::vector<Record> recs_of(const std::string& desc) { return test::records(test::make_plan(dir, "built", desc)); }
+    std::vector<Record> recs_of(const std::string& desc) {
+        return test::records(test::make_plan(dir.file("built"), desc));
+    }
     alm_comarea* open_recs(const std::vector<Record>& recs) {
         test::write_records(dir.file("plan"), recs);
         return open_path(dir.file("plan"));

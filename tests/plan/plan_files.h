@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,15 +14,6 @@
 namespace alm::test {
 
 using Record = std::vector<unsigned char>;
-
-// Builds the description into dir/name and returns the plan's path.
-inline std::string make_plan(const TempDir& dir, const std::string& name, const std::string& desc,
-                             bool v1 = false) {
-    const std::string path = dir.file(name);
-    const RunResult r = build_plan(dir.write(name + ".txt", desc), path, v1);
-    if (r.status != 0) throw std::runtime_error("almplan: " + r.err);
-    return path;
-}
 
 inline Record slurp(const std::string& path) {
     const std::string bytes = read_file(path);

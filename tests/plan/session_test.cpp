@@ -41,7 +41,7 @@ protected:
     // A plan with two workstations, two schedules and three jobs:
     // 1 IC A, 2 IC B, 3 RS A/S1, 4 RJ J1, 5 RJ J2, 6 RS B/S2, 7 RJ J3.
     std::string small_plan(const std::string& name, bool v2 = true) {
-        return test::make_plan(dir, name,
+        return test::make_plan(dir.file(name),
                                "workstation A\nworkstation B\nschedule A S1\njob J1\njob J2\n"
                                "schedule B S2\njob J3\n",
                                !v2);
@@ -157,7 +157,7 @@ TEST_F(SessionTest, V1HeaderIsWidenedAndRecordsAre256Bytes) {
 }
 
 TEST_F(SessionTest, Version2FileIsReadWith512ByteRecordsLeftUnconverted) {
-    auto recs = test::records(test::make_plan(dir, "built", "workstation A\n"));
+    auto recs = test::records(test::make_plan(dir.file("built"), "workstation A\n"));
     test::put16(recs[0], 254, 2);
     recs.push_back(Record(100, 'x'));  // a partial last record does not count
     std::string path = dir.file("plan");
@@ -226,7 +226,7 @@ TEST_F(SessionTest, GrowingFileIsReadPastItsFirstEnd) {
     ASSERT_NE(ca, nullptr);
     ASSERT_EQ(ca->num_recs, 8);
 
-    auto extra = test::records(test::make_plan(dir, "more", "workstation Z\nschedule Z LATE\njob LATEJOB\n"));
+    auto extra = test::records(test::make_plan(dir.file("more"), "workstation Z\nschedule Z LATE\njob LATEJOB\n"));
     append(path, extra[3]);  // a job record becomes record 8
 
     SJ_RECTYPE job{};
@@ -295,7 +295,7 @@ const TypedCase kTyped[] = {
 
 TEST_F(SessionTest, TypedReadsCheckTheKind) {
     // 1 A, 2 B, 3 calendar, 4 prompt, 5 file, 6 resource, 7 A/S1, 8 J1, 9 J2, 10 B/S2.
-    std::string path = test::make_plan(dir, "plan",
+    std::string path = test::make_plan(dir.file("plan"),
                                        "workstation A\nworkstation B\ncalendar CAL\nprompt P1\nfile A /tmp/f\n"
                                        "resource A TAPES\nschedule A S1\njob J1\njob J2\nschedule B S2\n");
     alm_comarea* ca = open_ok(path);
