@@ -62,49 +62,6 @@ std::string catalogText(const std::string& source, int set, int number,
     return {};
 }
 
-LockHolder::LockHolder(const std::string& path, short type, off_t start, off_t length) {
-    int ready[2];
-    int release[2];
-    if (pipe(ready) != 0) return;
-    if (pipe(release) != 0) {
-        close(ready[0]);
-        close(ready[1]);
-        return;
-    }
-    pid_ = fork();
-    if (pid_ == 0) {
-        close(ready[0]);
-        close(release[1]);
-        char ok = 0;
-        const int fd = ::open(path.c_str(), type == F_WRLCK ? O_RDWR : O_RDONLY);
-        struct flock fl {};
-        fl.l_type = type;
-        fl.l_whence = SEEK_SET;
-        fl.l_start = start;
-        fl.l_len = length;
-        if (fd >= 0 && fcntl(fd, F_SETLK, &fl) == 0) ok = 1;
-        if (write(ready[1], &ok, 1) != 1) _exit(2);
-        char c;
-        while (read(release[0], &c, 1) > 0) {
-        }
-        _exit(0);
-    }
-    close(ready[1]);
-    close(release[0]);
-    release_ = release[1];
-    char ok = 0;
-    holding_ = pid_ > 0 && read(ready[0], &ok, 1) == 1 && ok == 1;
-    close(ready[0]);
-}
-
-LockHolder::~LockHolder() {
-    if (release_ >= 0) close(release_);
-    if (pid_ > 0) {
-        while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) {
-        }
-    }
-}
-
 LockInfo probeLock(const std::string& path, off_t start, off_t length) {
     int answer[2];
     LockInfo info;

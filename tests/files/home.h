@@ -1,7 +1,7 @@
 // A scratch installation for end-to-end tests: a home holding bin/almread
 // (a copy, so that the server finds this home), the compiled catalogs,
-// plans/ and schedlog/; and other processes that hold or inspect locks on a
-// file.
+// plans/ and schedlog/; and a separate process that inspects the locks on
+// a file.
 #pragma once
 
 #include <sys/types.h>
@@ -36,23 +36,6 @@ private:
 // "!N" inserts replaced by args[N-1]; empty when not found.
 std::string catalogText(const std::string& source, int set, int number,
                         const std::vector<std::string>& args);
-
-// A forked process holding an fcntl lock on a file until released.
-class LockHolder {
-public:
-    LockHolder(const std::string& path, short type, off_t start, off_t length);
-    ~LockHolder();
-    LockHolder(const LockHolder&) = delete;
-    LockHolder& operator=(const LockHolder&) = delete;
-
-    bool holding() const { return holding_; }
-    pid_t pid() const { return pid_; }
-
-private:
-    pid_t pid_ = -1;
-    int release_ = -1;
-    bool holding_ = false;
-};
 
 struct LockInfo {
     short type = -1;  // F_UNLCK when nothing conflicts; -1 when the probe failed

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "client/almclient.h"
+#include "common/child_process.h"
 #include "common/runprogram.h"
 #include "files/home.h"
 
@@ -207,8 +208,15 @@ TEST_F(Files, MissingFileAnswersCode35WithTheCatalogText) {
 
 TEST_F(Files, LockedFileAnswersCode2AndOpensOnceReleased) {
     {
-        LockHolder holder(plan_, F_WRLCK, 0, 0);
-        ASSERT_TRUE(holder.holding());
+        // Another process holds a write lock on the whole file.
+        test::HoldingChild holder([&] {
+            const int fd = ::open(plan_.c_str(), O_RDWR);
+            struct flock fl {};
+            fl.l_type = F_WRLCK;
+            fl.l_whence = SEEK_SET;
+            return fd >= 0 && ::fcntl(fd, F_SETLK, &fl) == 0 ? 1 : 0;
+        });
+        ASSERT_EQ(holder.report(), 1);
         auto items = openPlan(client_, plan_);
         EXPECT_EQ(items[0], "2");
         const std::string text = catalogText(kCatalog, kPlanMsgSet, 2, {plan_, "", "", "", ""});
