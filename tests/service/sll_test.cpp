@@ -15,91 +15,64 @@ std::vector<void*> walk(const sll* list) {
     return out;
 }
 
-struct Values {
+TEST(Sll, AppendGetNextAndTheIteratorsRestart) {
     int a = 1, b = 2, c = 3, d = 4;
-};
-
-TEST(Sll, AppendKeepsOrderAndDuplicatesGetNextTakesTheFirstOccurrence) {
-    Values v;
     auto list = sllCreate();
-    for (int* p : {&v.a, &v.b, &v.a, static_cast<int*>(nullptr), &v.c}) sllAddNode(list.get(), p);
-    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.a, &v.b, &v.a, nullptr, &v.c}));
-    EXPECT_EQ(sllGetFirst(list.get()), &v.a);
-    EXPECT_EQ(list->last->data, &v.c);
-    EXPECT_EQ(sllGetNext(list.get(), &v.a), &v.b);
-    EXPECT_EQ(sllGetNext(list.get(), &v.b), &v.a);
-    EXPECT_EQ(sllGetNext(list.get(), &v.c), nullptr);  // tail
-    EXPECT_EQ(sllGetNext(list.get(), &v.d), nullptr);  // absent
+    EXPECT_TRUE(walk(list.get()).empty());
+    for (int* p : {&a, &b, &a, static_cast<int*>(nullptr), &c}) sllAddNode(list.get(), p);
+    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&a, &b, &a, nullptr, &c}));
+    EXPECT_EQ(sllGetFirst(list.get()), &a);
+    // The node after the first occurrence; nothing after the tail or an absent value.
+    EXPECT_EQ(sllGetNext(list.get(), &b), &a);
+    EXPECT_EQ(sllGetNext(list.get(), &a), &b);
+    EXPECT_EQ(sllGetNext(list.get(), &c), nullptr);
+    EXPECT_EQ(sllGetNext(list.get(), &d), nullptr);
+    // Run off the end: the next step starts over at the first node.
+    sllIterator it;
+    sllStartIterator(list.get(), it);
+    for (int i = 0; i < 5; ++i) ASSERT_NE(sllNextIterator(it), 0);
+    EXPECT_EQ(sllNextIterator(it), 0);
+    ASSERT_NE(sllNextIterator(it), 0);
+    EXPECT_EQ(sllGetIteratorValue(it), &a);
 }
 
-TEST(Sll, RemoveTakesTheFirstOccurrenceEmptiesAndAppendRefills) {
-    Values v;
-    auto list = sllCreate();
-    for (int* p : {&v.a, &v.b, &v.a}) sllAddNode(list.get(), p);
-    sllRemoveNode(list.get(), &v.d);  // absent: nothing changes
-    sllRemoveNode(list.get(), &v.a);  // the first occurrence only
-    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.b, &v.a}));
-    sllRemoveNode(list.get(), &v.b);
-    sllRemoveNode(list.get(), &v.a);
-    EXPECT_EQ(list->first, nullptr);
-    EXPECT_EQ(list->last, nullptr);
-    EXPECT_EQ(sllGetFirst(list.get()), nullptr);
-    sllAddNode(list.get(), &v.b);
-    EXPECT_EQ(list->first.get(), list->last);
-    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&v.b}));
-}
-
-TEST(Sll, RemoveAtEachPositionRelinks) {
+TEST(Sll, RemoveTakesTheFirstOccurrenceAndRelinksTheTail) {
     struct Case {
-        int removeIndex;
+        int remove;  // index into vals, 3 for a value not in the list
         std::vector<int> left;
     };
-    for (const Case& tc : std::vector<Case>{{0, {1, 2}}, {1, {0, 2}}, {2, {0, 1}}}) {
-        int vals[3] = {10, 11, 12};
-        int extra = 13;
+    const std::vector<Case> cases = {{0, {1, 0, 2}}, {1, {0, 0, 2}}, {2, {0, 1, 0}}, {3, {0, 1, 0, 2}}};
+    for (const Case& tc : cases) {
+        int vals[4] = {10, 11, 12, 13};
+        int extra = 14;
         auto list = sllCreate();
-        for (int& x : vals) sllAddNode(list.get(), &x);
-        sllRemoveNode(list.get(), &vals[tc.removeIndex]);
+        for (int i : {0, 1, 0, 2}) sllAddNode(list.get(), &vals[i]);
+        sllRemoveNode(list.get(), &vals[tc.remove]);
         // A later append must link after the (possibly new) tail.
         sllAddNode(list.get(), &extra);
         std::vector<void*> want;
         for (int i : tc.left) want.push_back(&vals[i]);
         want.push_back(&extra);
-        EXPECT_EQ(walk(list.get()), want) << "removed index " << tc.removeIndex;
-        EXPECT_EQ(list->last->data, &extra);
+        EXPECT_EQ(walk(list.get()), want) << "removed " << tc.remove;
     }
+    int a = 1;
+    auto list = sllCreate();
+    sllAddNode(list.get(), &a);
+    sllRemoveNode(list.get(), &a);
+    EXPECT_EQ(list->first, nullptr);
+    EXPECT_EQ(list->last, nullptr);
+    sllAddNode(list.get(), &a);
+    EXPECT_EQ(walk(list.get()), (std::vector<void*>{&a}));
 }
 
 TEST(Sll, NullListsAreHarmless) {
-    Values v;
-    sllAddNode(nullptr, &v.a);
-    sllRemoveNode(nullptr, &v.a);
+    int a = 1;
+    sllAddNode(nullptr, &a);
+    sllRemoveNode(nullptr, &a);
     EXPECT_EQ(sllGetFirst(nullptr), nullptr);
-    EXPECT_EQ(sllGetNext(nullptr, &v.a), nullptr);
+    EXPECT_EQ(sllGetNext(nullptr, &a), nullptr);
     sllDestroy(nullptr);
-    sllIterator it;
-    sllStartIterator(nullptr, it);
-    EXPECT_EQ(sllNextIterator(it), 0);
-    EXPECT_EQ(sllGetIteratorValue(it), nullptr);
-}
-
-TEST(Sll, IteratorOnEmptyListAndRestartAfterTheEnd) {
-    auto list = sllCreate();
-    sllIterator it;
-    sllStartIterator(list.get(), it);
-    EXPECT_EQ(sllNextIterator(it), 0);
-    EXPECT_EQ(sllGetIteratorValue(it), nullptr);
-
-    Values v;
-    sllAddNode(list.get(), &v.a);
-    sllAddNode(list.get(), &v.b);
-    sllStartIterator(list.get(), it);
-    ASSERT_NE(sllNextIterator(it), 0);
-    ASSERT_NE(sllNextIterator(it), 0);
-    EXPECT_EQ(sllNextIterator(it), 0);
-    // Run off the end: the next step starts over at the first node.
-    ASSERT_NE(sllNextIterator(it), 0);
-    EXPECT_EQ(sllGetIteratorValue(it), &v.a);
+    EXPECT_TRUE(walk(nullptr).empty());
 }
 
 TEST(Sll, LongListsDestroyWithoutRecursion) {
