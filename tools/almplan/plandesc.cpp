@@ -109,6 +109,8 @@ std::string joined(const std::vector<std::string>& words, std::size_t from, std:
     return s;
 }
 
+struct NamedForm;
+
 class Parser {
 public:
     Parser(PlanDesc& out, bool force_v1) : d_(out), force_v1_(force_v1) {}
@@ -147,9 +149,14 @@ private:
     bool field_ref(const std::string& token, FieldRef& ref);
     bool parse_target(const std::vector<std::string>& w, std::size_t pos, bool allow_units, Target& t,
                       int& default_flag);
+    bool resource_target(const std::vector<std::string>& w, std::size_t pos, bool allow_units, Target& t,
+                         int& default_flag);
+    bool raw_target(const std::vector<std::string>& w, std::size_t pos, Target& t);
 
     bool do_format(const std::vector<std::string>& w);
     bool do_record(const std::vector<std::string>& w);
+    bool do_named(const NamedForm& form, const std::vector<std::string>& w);
+    bool do_job(const std::vector<std::string>& w);
     bool do_set(const std::vector<std::string>& w);
     bool do_status(const std::vector<std::string>& w);
     bool do_text(const std::vector<std::string>& w);
@@ -232,69 +239,84 @@ bool Parser::field_ref(const std::string& token, FieldRef& ref) {
     return true;
 }
 
+// Targets named by words alone: the keyword, its number of words, the form
+// shown in errors and the dependency flag a dependency on it gets by default.
+struct TargetForm {
+    const char* keyword;
+    std::size_t args;
+    const char* form;
+    TargetKind kind;
+    int flag;
+};
+constexpr TargetForm kTargetForms[] = {
+    {"sched", 2, "sched WORKSTATION SCHEDULE", TargetKind::Sched, PreschedDep},
+    {"schedule", 2, "sched WORKSTATION SCHEDULE", TargetKind::Sched, PreschedDep},
+    {"job", 3, "job WORKSTATION SCHEDULE JOB", TargetKind::Job, PrejobDep},
+    {"prompt", 1, "prompt NAME", TargetKind::Prompt, GlbMsgDep},
+    {"localprompt", 1, "prompt NAME", TargetKind::Prompt, LocMsgDep},
+    {"file", 2, "file WORKSTATION PATH", TargetKind::File, FileDep},
+    {"workstation", 1, "workstation NAME", TargetKind::Workstation, -1},
+    {"calendar", 1, "calendar NAME", TargetKind::Calendar, -1},
+};
+
+// The identity key of the record named by the n words after pos.
+std::string target_key(const std::vector<std::string>& w, std::size_t pos, std::size_t n) {
+    return desc_key(w[pos + 1], n >= 2 ? std::string_view(w[pos + 2]) : std::string_view{},
+                    n >= 3 ? std::string_view(w[pos + 3]) : std::string_view{});
+}
+
 bool Parser::parse_target(const std::vector<std::string>& w, std::size_t pos, bool allow_units, Target& t,
                           int& default_flag) {
     if (pos >= w.size()) return fail("missing target (sched, job, prompt, localprompt, file, resource, ...)");
     const std::string& kw = w[pos];
     const std::size_t args = w.size() - pos - 1;
-    auto need = [&](std::size_t n, const char* form) {
-        if (args != n) return fail(std::string("target form is '") + form + "'");
-        return true;
-    };
     t.line = lineno_;
     default_flag = -1;
-    if (kw == "sched" || kw == "schedule") {
-        if (!need(2, "sched WORKSTATION SCHEDULE")) return false;
-        t.kind = TargetKind::Sched;
-        t.key = desc_key(w[pos + 1], w[pos + 2]);
-        default_flag = PreschedDep;
-    } else if (kw == "job") {
-        if (!need(3, "job WORKSTATION SCHEDULE JOB")) return false;
-        t.kind = TargetKind::Job;
-        t.key = desc_key(w[pos + 1], w[pos + 2], w[pos + 3]);
-        default_flag = PrejobDep;
-    } else if (kw == "prompt" || kw == "localprompt") {
-        if (!need(1, "prompt NAME")) return false;
-        t.kind = TargetKind::Prompt;
-        t.key = desc_key(w[pos + 1]);
-        default_flag = kw == "prompt" ? GlbMsgDep : LocMsgDep;
-    } else if (kw == "file") {
-        if (!need(2, "file WORKSTATION PATH")) return false;
-        t.kind = TargetKind::File;
-        t.key = desc_key(w[pos + 1], w[pos + 2]);
-        default_flag = FileDep;
+    const TargetForm* form = nullptr;
+    for (const TargetForm& f : kTargetForms)
+        if (kw == f.keyword) form = &f;
+    if (form != nullptr) {
+        if (args != form->args) return fail(std::string("target form is '") + form->form + "'");
+        t.kind = form->kind;
+        t.key = target_key(w, pos, args);
+        default_flag = form->flag;
     } else if (kw == "resource") {
-        if (args != 2 && !(allow_units && args == 3)) {
-            return fail(allow_units ? "target form is 'resource WORKSTATION NAME [UNITS]'"
-                                    : "target form is 'resource WORKSTATION NAME'");
-        }
-        std::int64_t units = 1;
-        if (args == 3 && (!parse_int(w[pos + 3], units) || units < 1 || units > kMaxUnits)) {
-            return fail("resource units must be 1 to " + std::to_string(kMaxUnits) + ", not '" + w[pos + 3] + "'");
-        }
-        t.kind = TargetKind::Resource;
-        t.key = desc_key(w[pos + 1], w[pos + 2]);
-        default_flag = 31 + static_cast<int>(units);
-    } else if (kw == "workstation") {
-        if (!need(1, "workstation NAME")) return false;
-        t.kind = TargetKind::Workstation;
-        t.key = desc_key(w[pos + 1]);
-    } else if (kw == "calendar") {
-        if (!need(1, "calendar NAME")) return false;
-        t.kind = TargetKind::Calendar;
-        t.key = desc_key(w[pos + 1]);
+        if (!resource_target(w, pos, allow_units, t, default_flag)) return false;
     } else if (kw == "rec") {
-        std::int64_t v = 0;
-        if (!need(1, "rec NUMBER")) return false;
-        if (!parse_int(w[pos + 1], v) || v < 0 || v > 0xFFFFFFFFLL) {
-            return fail("bad record number '" + w[pos + 1] + "'");
-        }
-        t.kind = TargetKind::Raw;
-        t.raw = static_cast<std::uint32_t>(v);
+        if (!raw_target(w, pos, t)) return false;
     } else {
         return fail("unknown target '" + kw + "'");
     }
     t.shown = kw + " " + joined(w, pos + 1, args);
+    return true;
+}
+
+// A resource, and in a dependency the units it takes (flag 32 for one unit).
+bool Parser::resource_target(const std::vector<std::string>& w, std::size_t pos, bool allow_units, Target& t,
+                             int& default_flag) {
+    const std::size_t args = w.size() - pos - 1;
+    if (args != 2 && !(allow_units && args == 3)) {
+        return fail(allow_units ? "target form is 'resource WORKSTATION NAME [UNITS]'"
+                                : "target form is 'resource WORKSTATION NAME'");
+    }
+    std::int64_t units = 1;
+    if (args == 3 && (!parse_int(w[pos + 3], units) || units < 1 || units > kMaxUnits)) {
+        return fail("resource units must be 1 to " + std::to_string(kMaxUnits) + ", not '" + w[pos + 3] + "'");
+    }
+    t.kind = TargetKind::Resource;
+    t.key = target_key(w, pos, 2);
+    default_flag = 31 + static_cast<int>(units);
+    return true;
+}
+
+bool Parser::raw_target(const std::vector<std::string>& w, std::size_t pos, Target& t) {
+    std::int64_t v = 0;
+    if (w.size() - pos - 1 != 1) return fail("target form is 'rec NUMBER'");
+    if (!parse_int(w[pos + 1], v) || v < 0 || v > 0xFFFFFFFFLL) {
+        return fail("bad record number '" + w[pos + 1] + "'");
+    }
+    t.kind = TargetKind::Raw;
+    t.raw = static_cast<std::uint32_t>(v);
     return true;
 }
 
@@ -305,74 +327,41 @@ bool Parser::do_format(const std::vector<std::string>& w) {
     return true;
 }
 
+// Records named by one word, or by a workstation and a name: the form shown
+// in errors, what the name is called, and the fields the words go into.
+struct NamedForm {
+    const char* keyword;
+    RecKind kind;
+    const char* form;
+    const char* what;
+    const char* ws_field;  // null when one word names the record
+    const char* name_field;
+    bool blanks_allowed;
+};
+constexpr NamedForm kNamedForms[] = {
+    {"workstation", RecKind::Cpu, "workstation NAME", "workstation name", nullptr, "sci_cpu_id", false},
+    {"calendar", RecKind::Calendar, "calendar NAME", "calendar name", nullptr, "sc_cal_name", false},
+    {"prompt", RecKind::Prompt, "prompt NAME", "prompt name", nullptr, "sm_msg_name", false},
+    {"file", RecKind::File, "file WORKSTATION PATH", "file name", "sf_cpu_id", "sf_file_name", true},
+    {"resource", RecKind::Resource, "resource WORKSTATION NAME", "resource name", "sr_cpu_id", "sr_resource_name",
+     false},
+    {"schedule", RecKind::Sched, "schedule WORKSTATION NAME", "schedule name", "ss_cpu_id", "ss_sched_name", false},
+};
+
 bool Parser::do_record(const std::vector<std::string>& w) {
     const std::string& kw = w[0];
     records_started_ = true;
-    auto args = [&](std::size_t n, const char* form) {
-        if (w.size() != n + 1) return fail(std::string("the form is '") + form + "'");
-        return true;
-    };
     if (kw == "header") {
-        if (!args(0, "header")) return false;
+        if (w.size() != 1) return fail("the form is 'header'");
         current_ = 0;
         return true;
     }
-    if (kw == "workstation") {
-        if (!args(1, "workstation NAME") || !check_name(RecKind::Cpu, "workstation name", w[1])) return false;
-        if (!open_record(RecKind::Cpu, desc_key(w[1]), w[1])) return false;
-        cur().name = w[1];
-        put_text(cur(), "sci_cpu_id", w[1]);
-        return true;
-    }
-    if (kw == "calendar") {
-        if (!args(1, "calendar NAME") || !check_name(RecKind::Calendar, "calendar name", w[1])) return false;
-        if (!open_record(RecKind::Calendar, desc_key(w[1]), w[1])) return false;
-        cur().name = w[1];
-        put_text(cur(), "sc_cal_name", w[1]);
-        return true;
-    }
-    if (kw == "prompt") {
-        if (!args(1, "prompt NAME") || !check_name(RecKind::Prompt, "prompt name", w[1])) return false;
-        if (!open_record(RecKind::Prompt, desc_key(w[1]), w[1])) return false;
-        cur().name = w[1];
-        put_text(cur(), "sm_msg_name", w[1]);
-        return true;
-    }
-    if (kw == "file") {
-        if (!args(2, "file WORKSTATION PATH") || !check_name(RecKind::Cpu, "workstation name", w[1]) ||
-            !check_name(RecKind::File, "file name", w[2], true)) {
-            return false;
-        }
-        if (!open_record(RecKind::File, desc_key(w[1], w[2]), w[1] + " " + w[2])) return false;
-        cur().ws = w[1];
-        cur().name = w[2];
-        put_text(cur(), "sf_cpu_id", w[1]);
-        put_text(cur(), "sf_file_name", w[2]);
-        return true;
-    }
-    if (kw == "resource") {
-        if (!args(2, "resource WORKSTATION NAME") || !check_name(RecKind::Cpu, "workstation name", w[1]) ||
-            !check_name(RecKind::Resource, "resource name", w[2])) {
-            return false;
-        }
-        if (!open_record(RecKind::Resource, desc_key(w[1], w[2]), w[1] + " " + w[2])) return false;
-        cur().ws = w[1];
-        cur().name = w[2];
-        put_text(cur(), "sr_cpu_id", w[1]);
-        put_text(cur(), "sr_resource_name", w[2]);
-        return true;
-    }
-    if (kw == "schedule") {
-        if (!args(2, "schedule WORKSTATION NAME") || !check_name(RecKind::Cpu, "workstation name", w[1]) ||
-            !check_name(RecKind::Sched, "schedule name", w[2])) {
-            return false;
-        }
-        if (!open_record(RecKind::Sched, desc_key(w[1], w[2]), w[1] + " " + w[2])) return false;
+    for (const NamedForm& form : kNamedForms) {
+        if (kw != form.keyword) continue;
+        if (!do_named(form, w)) return false;
+        if (form.kind != RecKind::Sched) return true;
+        // A new schedule is held, at the usual priority, under its own name.
         Entity& e = cur();
-        e.ws = w[1];
-        e.name = w[2];
-        put_text(e, "ss_cpu_id", w[1]);
-        put_text(e, "ss_sched_name", w[2]);
         put_text(e, "ss_orig_sched", w[2]);
         put_number(e, "ss_status", STATE_HOLD);
         put_number(e, "ss_sched_pri.priority", 10);
@@ -380,8 +369,31 @@ bool Parser::do_record(const std::vector<std::string>& w) {
         last_sched_ = current_;
         return true;
     }
-    // job
-    if (!args(1, "job NAME") || !check_name(RecKind::Job, "job name", w[1])) return false;
+    return do_job(w);
+}
+
+bool Parser::do_named(const NamedForm& form, const std::vector<std::string>& w) {
+    const bool by_ws = form.ws_field != nullptr;
+    if (w.size() != (by_ws ? 3u : 2u)) return fail(std::string("the form is '") + form.form + "'");
+    if (by_ws && !check_name(RecKind::Cpu, "workstation name", w[1])) return false;
+    const std::string& name = w[by_ws ? 2 : 1];
+    if (!check_name(form.kind, form.what, name, form.blanks_allowed)) return false;
+    const std::string key = by_ws ? desc_key(w[1], name) : desc_key(name);
+    if (!open_record(form.kind, key, by_ws ? w[1] + " " + name : name)) return false;
+    Entity& e = cur();
+    e.name = name;
+    if (by_ws) {
+        e.ws = w[1];
+        put_text(e, form.ws_field, w[1]);
+    }
+    put_text(e, form.name_field, name);
+    return true;
+}
+
+// A job belongs to the schedule described last.
+bool Parser::do_job(const std::vector<std::string>& w) {
+    if (w.size() != 2) return fail("the form is 'job NAME'");
+    if (!check_name(RecKind::Job, "job name", w[1])) return false;
     if (last_sched_ == kNoSched) return fail("job '" + w[1] + "' comes before any schedule");
     const std::size_t sched = last_sched_;
     const std::string ws = d_.entities[sched].ws;

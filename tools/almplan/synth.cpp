@@ -96,6 +96,14 @@ private:
     bool write_cpus();
     bool write_prompts_files_resources();
     bool write_schedule(std::uint64_t g);
+    // What a schedule's jobs add up to: its state counters and its own state.
+    struct JobTotals {
+        std::int64_t counters[std::size(STATE_COUNTERS)] = {};
+        std::int16_t state = STATE_HOLD;
+    };
+    JobTotals job_totals(std::uint64_t g) const;
+    bool write_sched_record(std::uint64_t g, const Name& ws, const Name& sname, std::uint64_t start);
+    bool write_job(std::uint64_t g, std::uint64_t j, const Name& ws, const Name& sname, std::uint64_t start);
     void fill_header(ALMRECTYPE& h) const;
 
     const SynthOptions& o_;
@@ -235,36 +243,47 @@ bool Synth::write_prompts_files_resources() {
 }
 
 bool Synth::write_schedule(std::uint64_t g) {
-    const std::uint64_t w = g / o_.scheds;
-    const Name ws = ws_name(w);
+    const Name ws = ws_name(g / o_.scheds);
     const Name sname = name("S", 7, g % o_.scheds + 1);
     const std::uint64_t start = start_minutes(g);
+    if (!write_sched_record(g, ws, sname, start)) return false;
+    for (std::uint64_t j = 0; j < njob_; ++j) {
+        if (!write_job(g, j, ws, sname, start)) return false;
+    }
+    return true;
+}
 
-    std::int64_t totals[std::size(STATE_COUNTERS)] = {};
+Synth::JobTotals Synth::job_totals(std::uint64_t g) const {
+    JobTotals t;
     bool any_exec = false;
     bool all_succ = njob_ > 0;
     for (std::uint64_t j = 0; j < njob_; ++j) {
         const JobState* st = state_of_code(job_state(g, j));
         if (st == nullptr || st->counter == nullptr) continue;
         for (std::size_t c = 0; c < std::size(STATE_COUNTERS); ++c) {
-            if (std::strcmp(st->counter, STATE_COUNTERS[c]) == 0) ++totals[c];
+            if (std::strcmp(st->counter, STATE_COUNTERS[c]) == 0) ++t.counters[c];
         }
         any_exec = any_exec || st->code == STATE_EXEC;
         all_succ = all_succ && st->code == STATE_SUCC;
     }
+    t.state = any_exec ? STATE_EXEC : all_succ ? STATE_SUCC : STATE_HOLD;
+    return t;
+}
 
+bool Synth::write_sched_record(std::uint64_t g, const Name& ws, const Name& sname, std::uint64_t start) {
+    const JobTotals totals = job_totals(g);
     ALMRECTYPE s = sched_tmpl_;
     put32(s, offsetof(SS_RECTYPE, ss_rec_num), rec(sched_slot(g)));
     PUT_TEXT(s, SS_RECTYPE, ss_cpu_id, ws.text);
     PUT_TEXT(s, SS_RECTYPE, ss_sched_name, sname.text);
     PUT_TEXT(s, SS_RECTYPE, ss_orig_sched, sname.text);
-    put16(s, offsetof(SS_RECTYPE, ss_status), any_exec ? STATE_EXEC : all_succ ? STATE_SUCC : STATE_HOLD);
+    put16(s, offsetof(SS_RECTYPE, ss_status), totals.state);
     s.bytes[offsetof(SS_RECTYPE, ss_sched_pri.priority)] = 10;
     s.bytes[offsetof(SS_RECTYPE, ss_sched_pri.orig_pri)] = 10;
     put16(s, offsetof(SS_RECTYPE, ss_num_jobs), static_cast<std::int64_t>(njob_));
     put16(s, offsetof(SS_RECTYPE, ss_num_recs), static_cast<std::int64_t>(njob_ + 1));
     for (std::size_t c = 0; c < std::size(STATE_COUNTERS); ++c) {
-        put16(s, find_field(RecKind::Sched, STATE_COUNTERS[c])->offset, totals[c]);
+        put16(s, find_field(RecKind::Sched, STATE_COUNTERS[c])->offset, totals.counters[c]);
     }
     put32(s, offsetof(SS_RECTYPE, ss_first_job), chain(njob_ > 0, job_slot(g, 0)));
     put32(s, offsetof(SS_RECTYPE, ss_last_job), chain(njob_ > 0, job_slot(g, njob_ - 1)));
@@ -279,43 +298,42 @@ bool Synth::write_schedule(std::uint64_t g) {
     }
     put16(s, offsetof(SS_RECTYPE, ss_num_depends), sd.n);
     deps_total_ += sd.n;
-    if (!put(s)) return false;
+    return put(s);
+}
 
+bool Synth::write_job(std::uint64_t g, std::uint64_t j, const Name& ws, const Name& sname, std::uint64_t start) {
+    const Name jname = name("J", 7, j + 1);
+    const std::int16_t state = job_state(g, j);
     char script[64];
-    for (std::uint64_t j = 0; j < njob_; ++j) {
-        const Name jname = name("J", 7, j + 1);
-        const std::int16_t state = job_state(g, j);
-        ALMRECTYPE r = job_tmpl_;
-        put32(r, offsetof(SJ_RECTYPE, sj_rec_num), rec(job_slot(g, j)));
-        PUT_TEXT(r, SJ_RECTYPE, sj_cpu_id, ws.text);
-        PUT_TEXT(r, SJ_RECTYPE, sj_job_name, jname.text);
-        PUT_TEXT(r, SJ_RECTYPE, sj_schedule, sname.text);
-        PUT_TEXT(r, SJ_RECTYPE, sj_job_user, "batch");
-        std::snprintf(script, sizeof script, "/jobs/%s.sh", jname.text);
-        put_text(r, offsetof(SJ_RECTYPE, sj_fname_jname.jcl_file), sizeof(SJ_FNAME_JNAME::jcl_file), script);
-        put16(r, offsetof(SJ_RECTYPE, sj_status), state);
-        r.bytes[offsetof(SJ_RECTYPE, sj_job_pri.priority)] = 10;
-        r.bytes[offsetof(SJ_RECTYPE, sj_job_pri.orig_pri)] = 10;
-        put32(r, offsetof(SJ_RECTYPE, sj_sched_ptr), rec(sched_slot(g)));
-        put32(r, offsetof(SJ_RECTYPE, sj_prev_job_ptr), chain(j > 0, job_slot(g, j - 1)));
-        put32(r, offsetof(SJ_RECTYPE, sj_next_job_ptr), chain(j + 1 < njob_, job_slot(g, j + 1)));
-        put32(r, offsetof(SJ_RECTYPE, sj_restart_ptr), restart_of(g, j));
-        put32(r, offsetof(SJ_RECTYPE, sj_sched_date), day_);
-        put16(r, offsetof(SJ_RECTYPE, sj_start_time), hhmm_of(start));
-        if (started(state)) {
-            put32(r, offsetof(SJ_RECTYPE, sj_date_started), day_);
-            put16(r, offsetof(SJ_RECTYPE, sj_time_started), hhmm_of(start + 1 + j % 60));
-        }
-        const DepList jd = job_deps(g, j);
-        for (int i = 0; i < jd.n; ++i) {
-            r.bytes[offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags) + i] = jd.flags[i];
-            put32(r, offsetof(SJ_RECTYPE, subdep.deps.sj_dependencies) + 4 * i, jd.recs[i]);
-        }
-        put16(r, offsetof(SJ_RECTYPE, sj_num_depends), jd.n);
-        deps_total_ += jd.n;
-        if (!put(r)) return false;
+    ALMRECTYPE r = job_tmpl_;
+    put32(r, offsetof(SJ_RECTYPE, sj_rec_num), rec(job_slot(g, j)));
+    PUT_TEXT(r, SJ_RECTYPE, sj_cpu_id, ws.text);
+    PUT_TEXT(r, SJ_RECTYPE, sj_job_name, jname.text);
+    PUT_TEXT(r, SJ_RECTYPE, sj_schedule, sname.text);
+    PUT_TEXT(r, SJ_RECTYPE, sj_job_user, "batch");
+    std::snprintf(script, sizeof script, "/jobs/%s.sh", jname.text);
+    put_text(r, offsetof(SJ_RECTYPE, sj_fname_jname.jcl_file), sizeof(SJ_FNAME_JNAME::jcl_file), script);
+    put16(r, offsetof(SJ_RECTYPE, sj_status), state);
+    r.bytes[offsetof(SJ_RECTYPE, sj_job_pri.priority)] = 10;
+    r.bytes[offsetof(SJ_RECTYPE, sj_job_pri.orig_pri)] = 10;
+    put32(r, offsetof(SJ_RECTYPE, sj_sched_ptr), rec(sched_slot(g)));
+    put32(r, offsetof(SJ_RECTYPE, sj_prev_job_ptr), chain(j > 0, job_slot(g, j - 1)));
+    put32(r, offsetof(SJ_RECTYPE, sj_next_job_ptr), chain(j + 1 < njob_, job_slot(g, j + 1)));
+    put32(r, offsetof(SJ_RECTYPE, sj_restart_ptr), restart_of(g, j));
+    put32(r, offsetof(SJ_RECTYPE, sj_sched_date), day_);
+    put16(r, offsetof(SJ_RECTYPE, sj_start_time), hhmm_of(start));
+    if (started(state)) {
+        put32(r, offsetof(SJ_RECTYPE, sj_date_started), day_);
+        put16(r, offsetof(SJ_RECTYPE, sj_time_started), hhmm_of(start + 1 + j % 60));
     }
-    return true;
+    const DepList jd = job_deps(g, j);
+    for (int i = 0; i < jd.n; ++i) {
+        r.bytes[offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags) + i] = jd.flags[i];
+        put32(r, offsetof(SJ_RECTYPE, subdep.deps.sj_dependencies) + 4 * i, jd.recs[i]);
+    }
+    put16(r, offsetof(SJ_RECTYPE, sj_num_depends), jd.n);
+    deps_total_ += jd.n;
+    return put(r);
 }
 
 void Synth::fill_header(ALMRECTYPE& h) const {
