@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <span>
 
-#include "plan/fieldspec.h"
+#include "plan/fieldrow.h"
 
 namespace alm {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "plan/fieldspec.h"
+#include "plan/fieldrow.h"
 #include "plan/record_basics.h"
 
 namespace alm {

@@ -180,7 +180,7 @@ constexpr const FieldSpec* find_spec(std::span<const FieldSpec> table, std::stri
     return nullptr;
 }
 
-namespace fieldspec_detail {
+namespace fieldrow_detail {
 
 constexpr bool same(const char* a, const char* b) {
     if (a == nullptr || b == nullptr) return a == b;
@@ -256,7 +256,7 @@ constexpr bool has_time(std::span<const FieldSpec> table, const char* name) {
     return false;
 }
 
-}  // namespace fieldspec_detail
+}  // namespace fieldrow_detail
 
 // The index of the first row that disagrees with the layout structs, or the
 // table's size when the top rows do not cover the record; -1 when all is
@@ -264,7 +264,7 @@ constexpr bool has_time(std::span<const FieldSpec> table, const char* name) {
 // overlap, members and views lie inside the row they belong to, wire forms
 // fit their fields and every date's time of day is a row of the table.
 constexpr int first_disagreeing_row(std::span<const FieldSpec> table, int v2_size, int v1_size) {
-    using namespace fieldspec_detail;
+    using namespace fieldrow_detail;
     std::size_t next = 0;
     std::size_t group_end = 0;
     for (std::size_t i = 0; i < table.size(); ++i) {
@@ -294,13 +294,13 @@ constexpr int first_disagreeing_row(std::span<const FieldSpec> table, int v2_siz
 // offsetof, sizeof and the member types.
 #define ALM_LAYOUT_OF(REC, M)                                                          \
     offsetof(REC, M), sizeof(std::declval<REC&>().M),                                  \
-        ::alm::fieldspec_detail::layout_type<decltype(std::declval<REC&>().M)>()
+        ::alm::fieldrow_detail::layout_type<decltype(std::declval<REC&>().M)>()
 #define ALM_ROW_AS(K, NAME, M, OFF, SIZE, TYPE, M1, OFF1, SIZE1, TYPE1)                                        \
-    ::alm::fieldspec_detail::make_row(NAME, {OFF, SIZE, ::alm::FieldType::TYPE}, {OFF1, SIZE1, ::alm::FieldType::TYPE1}, \
+    ::alm::fieldrow_detail::make_row(NAME, {OFF, SIZE, ::alm::FieldType::TYPE}, {OFF1, SIZE1, ::alm::FieldType::TYPE1}, \
                                       ALM_LAYOUT_OF(K##_RECTYPE, M), ALM_LAYOUT_OF(K##_RECTYPE_V1, M1))
 #define ALM_ROW(K, M, OFF, SIZE, TYPE, OFF1, SIZE1, TYPE1) ALM_ROW_AS(K, #M, M, OFF, SIZE, TYPE, M, OFF1, SIZE1, TYPE1)
 // A field of the V2 layout only.
 #define ALM_ROW2_AS(K, NAME, M, OFF, SIZE, TYPE)                                                         \
-    ::alm::fieldspec_detail::make_row(NAME, {OFF, SIZE, ::alm::FieldType::TYPE}, {}, ALM_LAYOUT_OF(K##_RECTYPE, M), \
+    ::alm::fieldrow_detail::make_row(NAME, {OFF, SIZE, ::alm::FieldType::TYPE}, {}, ALM_LAYOUT_OF(K##_RECTYPE, M), \
                                       0, 0, ::alm::FieldType::none)
 #define ALM_ROW2(K, M, OFF, SIZE, TYPE) ALM_ROW2_AS(K, #M, M, OFF, SIZE, TYPE)
