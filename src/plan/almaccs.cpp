@@ -77,8 +77,11 @@ bool measure(alm_comarea* ca) {
 
 // One record: position check, one pread, conversion; returns the bytes read.
 // The stored type code goes to *stored. A record of an unknown kind, or of a
-// file version that has no conversion, leaves *buffer as it was.
-int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::int16_t* stored) {
+// file version that has no conversion, leaves *buffer as it was. With dated
+// false a V2 job keeps its dates as stored, which spares a walk that only
+// follows links the conversion.
+int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::int16_t* stored,
+                bool dated = true) {
     clear_error(ca);
     ca->expected_type = 0;
     ca->found_type = 0;
@@ -104,7 +107,10 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
     if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
 
     *stored = static_cast<std::int16_t>(load_le16(raw.v2.bytes));
-    alm_i_2_e(&raw, buffer, version);
+    if (!dated && version == 1 && *stored == SJ_CODE)
+        std::memcpy(buffer, &raw, sizeof *buffer);
+    else
+        alm_i_2_e(&raw, buffer, version);
 
     if (ca->production) {
         int slot = kind_slot(ca, *stored);
@@ -114,7 +120,7 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
 }
 
 template <class Rec>
-int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code) {
+int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code, bool dated = true) {
     static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
     if (!alm_valid(ca)) return -1;
     // The record goes through a whole union; what the read leaves untouched
@@ -122,7 +128,7 @@ int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t cod
     ALMRECTYPE rec{};
     if (out != nullptr) std::memcpy(&rec, static_cast<const void*>(out), sizeof(Rec));
     std::int16_t stored = 0;
-    int n = read_record(ca, recnum, &rec, &stored);
+    int n = read_record(ca, recnum, &rec, &stored, dated);
     if (n < 0) {
         ca->expected_type = code;
         return -1;
@@ -368,6 +374,9 @@ int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec
 }
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE);
+}
+int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
+    return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, false);
 }
 int alm_read_message(alm_comarea* alm_ca, std::uint32_t recnum, SM_RECTYPE* sm_rec) {
     return read_typed(alm_ca, recnum, sm_rec, SM_CODE);

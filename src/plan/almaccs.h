@@ -170,6 +170,9 @@ int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec);
 int alm_read_cpu_info(alm_comarea* alm_ca, std::uint32_t recnum, SCI_RECTYPE* sci_rec);
 int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec);
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
+// As alm_read_job, but the dates of a V2 job stay as stored (local time):
+// for walks that look only at names, links and dependencies.
+int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 int alm_read_message(alm_comarea* alm_ca, std::uint32_t recnum, SM_RECTYPE* sm_rec);
 int alm_read_file(alm_comarea* alm_ca, std::uint32_t recnum, SF_RECTYPE* sf_rec);
 int alm_read_resource(alm_comarea* alm_ca, std::uint32_t recnum, SR_RECTYPE* sr_rec);

@@ -338,6 +338,8 @@ void remember(alm_job_walk& walk, const SchedQuery& q, std::uint32_t next_sched,
     keep_pattern(walk.sched, walk.sched_len, q.sched);
 }
 
+using JobRead = int (*)(alm_comarea*, std::uint32_t, SJ_RECTYPE*);
+
 // Where a job walk stands besides its cursor: the next schedule to visit,
 // and whether the cursor lies in the job chain of a qualifying schedule.
 struct JobCursor {
@@ -373,7 +375,7 @@ enum class ChainEnd { Found, Exhausted, Failed };
 // Found: start is the cursor to hand out and the walk remembers where it
 // stands. Failed: the lookup is over, start is 32768.
 ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, const Pattern& jp,
-                   const JobCursor& at, std::uint32_t& start, SJ_RECTYPE* sj) {
+                   const JobCursor& at, std::uint32_t& start, SJ_RECTYPE* sj, JobRead read_job) {
     while (start != NULL_REC) {
         if (!walk.step(ca)) {
             not_found(ca, SJ_CODE);
@@ -381,7 +383,7 @@ ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, con
             return ChainEnd::Failed;
         }
         const std::uint32_t here = start;
-        if (alm_read_job(ca, here, sj) < 0) {
+        if (read_job(ca, here, sj) < 0) {
             start = NULL_REC;
             return ChainEnd::Failed;
         }
@@ -398,7 +400,7 @@ ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, con
 }
 
 std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, const char* job, std::uint32_t& start,
-                       SJ_RECTYPE* sj) {
+                       SJ_RECTYPE* sj, JobRead read_job) {
     const NameWidths w = widths(ca);
     SchedQuery q{prepare(cpu, w.cpu), prepare(sched, w.sched), false, w};
     q.cpu_is_pattern = holds_wildcard(ca, q.cpu);
@@ -424,7 +426,7 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
     if (!resumed && !locate_cursor(ca, q, start, at)) return NULL_REC;
     for (;;) {
         if (at.qualifies) {
-            const ChainEnd end = scan_jobs(ca, walk, q, jp, at, start, sj);
+            const ChainEnd end = scan_jobs(ca, walk, q, jp, at, start, sj, read_job);
             if (end == ChainEnd::Found) return sj->sj_rec_num;
             if (end == ChainEnd::Failed) return NULL_REC;
         }
@@ -479,15 +481,29 @@ std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* s
     return rec;
 }
 
-std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
-                           std::uint32_t& start, SJ_RECTYPE* sj_rec) {
+namespace {
+
+std::uint32_t next_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                       std::uint32_t& start, SJ_RECTYPE* sj_rec, JobRead read_job) {
     if (!alm_valid(alm_ca)) return NULL_REC;
     SJ_RECTYPE scratch{};
     if (sj_rec == nullptr) sj_rec = &scratch;
     begin_walk(alm_ca->job_walk, start);
-    std::uint32_t rec = find_job(alm_ca, cpu, sched, job, start, sj_rec);
+    std::uint32_t rec = find_job(alm_ca, cpu, sched, job, start, sj_rec, read_job);
     alm_ca->job_walk.cursor_out = start;
     return rec;
+}
+
+}  // namespace
+
+std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                           std::uint32_t& start, SJ_RECTYPE* sj_rec) {
+    return next_job(alm_ca, cpu, sched, job, start, sj_rec, alm_read_job);
+}
+
+std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                                   std::uint32_t& start, SJ_RECTYPE* sj_rec) {
+    return next_job(alm_ca, cpu, sched, job, start, sj_rec, alm_read_job_undated);
 }
 
 }  // namespace alm

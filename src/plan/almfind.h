@@ -44,4 +44,9 @@ std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* s
 std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
                            std::uint32_t& start, SJ_RECTYPE* sj_rec);
 
+// As alm_find_job, with each job read by alm_read_job_undated: for walks
+// that only count or locate jobs.
+std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                                   std::uint32_t& start, SJ_RECTYPE* sj_rec);
+
 }  // namespace alm

@@ -75,12 +75,15 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
         pac_to_str(ss.ss_sched_name, schedule, width);
         visit.schedule(ss);
 
+        // A visit that sends nothing (the count) has no use for converted dates.
+        const auto findJob = Visit::kSends ? alm_find_job : alm_find_job_undated;
+        const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
         std::uint32_t sj_start = 0;
-        while (alm_find_job(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC) {
+        while (findJob(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC) {
             std::uint32_t link = sj.sj_restart_ptr;
             visit.job(sj);
             alm_walk restarts;
-            while (link != NULL_REC && restarts.step(ca) && alm_read_job(ca, link, &chained) >= 0) {
+            while (link != NULL_REC && restarts.step(ca) && readJob(ca, link, &chained) >= 0) {
                 link = chained.sj_restart_ptr;
                 visit.job(chained);
             }
@@ -89,6 +92,7 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
 }
 
 struct Counter {
+    static constexpr bool kSends = false;
     std::int64_t count = 0;
     void schedule(const SS_RECTYPE& ss) { count += 1 + countedDependencies(dependenciesOf(ss)); }
     void job(const SJ_RECTYPE& sj) { count += 1 + countedDependencies(dependenciesOf(sj)); }
@@ -98,6 +102,7 @@ void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::
                           const std::uint32_t* deprecs);
 
 struct Writer {
+    static constexpr bool kSends = true;
     alm_comarea* ca;
     void schedule(SS_RECTYPE& ss) {
         const Dependencies d = dependenciesOf(ss);

@@ -1,11 +1,15 @@
 // End to end: the dependency listing over a plan with every kind of
-// dependency, unreadable targets, odd flag bytes and restart chains.
+// dependency, unreadable targets, odd flag bytes and restart chains; a job
+// listing whose plan is cut short while it is being sent.
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "common/runprogram.h"
 #include "queries/plansession.h"
 
 namespace alm::qtest {
@@ -201,6 +205,43 @@ TEST_F(Listings, VersionZeroPlan) {
     EXPECT_EQ(l.records[0], expectedScheduleDep(s[0]));
     EXPECT_EQ(l.records[1], expectedJobDep(j[0]));
     EXPECT_TRUE(server_.nextIsNop(34));
+}
+
+// Another process truncates the plan while a long job listing is on its
+// way: the listing still holds as many records as its header announced
+// (zeros for jobs that could no longer be read), and the server goes on.
+TEST(CutPlan, JobListingStaysWhole) {
+    const TempDir dir;
+    const std::string plan = dir.file("big");
+    constexpr std::uint32_t kJobCount = 20000;  // 10 MB of reply, far more than the pipe holds
+    ASSERT_EQ(test::run_program(test::built_program("almplan"),
+                                {"synth", "--cpus", "1", "--scheds", "10", "--jobs", "2000", plan})
+                  .status,
+              0);
+    Server s;
+    ASSERT_TRUE(s.ok());
+    const std::string handle = s.open(plan);
+    ASSERT_FALSE(handle.empty());
+    ASSERT_EQ(s.client().send(kJobs, 41, {handle, "@", "@", "@"}), ClientStatus::Ok);
+    FrameHeader header;
+    ASSERT_EQ(s.client().readHeader(header, kWaitMs), ClientStatus::Ok);
+    ASSERT_EQ(header.numData, kJobCount);
+    ASSERT_EQ(::truncate(plan.c_str(), 1000 * 512), 0);
+
+    std::uint32_t jobs = 0;
+    std::uint32_t zeros = 0;
+    Bytes rec(512);
+    for (std::uint32_t i = 0; i < kJobCount; ++i) {
+        ASSERT_EQ(s.client().readExact(rec.data(), rec.size(), kWaitMs), ClientStatus::Ok) << "record " << i;
+        if (rec[0] == 'J' && rec[1] == 'R') ++jobs;
+        if (rec == Bytes(512, 0)) ++zeros;
+    }
+    EXPECT_EQ(jobs + zeros, kJobCount);
+    EXPECT_GT(jobs, 0u);
+    EXPECT_GT(zeros, kJobCount / 2);
+    EXPECT_TRUE(s.nextIsNop(42));
+    std::string err;
+    EXPECT_EQ(s.finish(&err), 0) << err;
 }
 
 }  // namespace
