@@ -75,12 +75,13 @@ bool measure(alm_comarea* ca) {
     return true;
 }
 
-// One record: position check, one pread, conversion; returns the bytes read.
-// The stored type code goes to *stored. A record of an unknown kind, or of a
-// file version that has no conversion, leaves *buffer as it was. With dated
-// false a V2 job keeps its dates as stored, which spares a walk that only
-// follows links the conversion.
-int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::int16_t* stored,
+// One record: position check, one read, conversion into buffer (a whole
+// 512-byte record); returns the bytes read. The stored type code goes to
+// *stored. A record of an unknown kind, or of a file version that has no
+// conversion, leaves the buffer as it was. With dated false a V2 job keeps
+// its dates as stored, which spares a walk that only follows links the
+// conversion.
+int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, std::int16_t* stored,
                 bool dated = true) {
     clear_error(ca);
     ca->expected_type = 0;
@@ -94,23 +95,30 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, ALMRECTYPE* buffer, std::
         if (recnum >= static_cast<std::uint32_t>(ca->num_recs)) return set_error(ca, ALM_E_RANGE, 0, recnum);
     }
 
+    // A whole V2 record found in what the session keeps is converted from
+    // where it lies; anything else is read into raw first.
     ALMRECTYPE_INT raw;
+    const unsigned char* src = nullptr;
     const off_t off = static_cast<off_t>(recnum) * size;
-    ssize_t n = alm_pread(ca, &raw, static_cast<std::size_t>(size), off);
+    ssize_t n = alm_pread_at(ca, raw.v2.bytes, static_cast<std::size_t>(size), off, &src);
     if (n < 0) {
         int e = errno;
         return set_error(ca, (e == EINVAL || e == EOVERFLOW || e == ESPIPE) ? ALM_E_SEEK : ALM_E_READ, e, recnum);
     }
-    // A record cut short (the file shrank since it was measured) is not an
-    // error: what was read is converted, the missing bytes are zero.
-    std::memset(raw.v2.bytes + n, 0, static_cast<std::size_t>(size - n));
-    if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
+    if (src == raw.v2.bytes || size < ALM_REC_SIZE_V2) {
+        if (src != raw.v2.bytes) std::memcpy(raw.v2.bytes, src, static_cast<std::size_t>(n));
+        // A record cut short (the file shrank since it was measured) is not
+        // an error: what was read is converted, the missing bytes are zero.
+        std::memset(raw.v2.bytes + n, 0, static_cast<std::size_t>(size - n));
+        if (size < ALM_REC_SIZE_V2) std::memset(raw.v2.bytes + size, ' ', static_cast<std::size_t>(ALM_REC_SIZE_V2 - size));
+        src = raw.v2.bytes;
+    }
 
-    *stored = static_cast<std::int16_t>(load_le16(raw.v2.bytes));
+    *stored = static_cast<std::int16_t>(load_le16(src));
     if (!dated && version == 1 && *stored == SJ_CODE)
-        std::memcpy(buffer, &raw, sizeof *buffer);
+        std::memcpy(buffer, src, ALM_REC_SIZE_V2);
     else
-        alm_i_2_e(&raw, buffer, version);
+        alm_i_2_e_bytes(src, buffer, version);
 
     if (ca->production) {
         int slot = kind_slot(ca, *stored);
@@ -123,17 +131,20 @@ template <class Rec>
 int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code, bool dated = true) {
     static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
     if (!alm_valid(ca)) return -1;
-    // The record goes through a whole union; what the read leaves untouched
-    // comes back to the caller unchanged.
-    ALMRECTYPE rec{};
-    if (out != nullptr) std::memcpy(&rec, static_cast<const void*>(out), sizeof(Rec));
+    // The record is converted straight into the caller's; what the read
+    // leaves untouched stays as the caller had it.
     std::int16_t stored = 0;
-    int n = read_record(ca, recnum, &rec, &stored, dated);
+    int n = 0;
+    if (out != nullptr) {
+        n = read_record(ca, recnum, reinterpret_cast<unsigned char*>(out), &stored, dated);
+    } else {
+        ALMRECTYPE scratch{};
+        n = read_record(ca, recnum, scratch.bytes, &stored, dated);
+    }
     if (n < 0) {
         ca->expected_type = code;
         return -1;
     }
-    if (out != nullptr) std::memcpy(static_cast<void*>(out), &rec, sizeof(Rec));
     if (stored != code) {
         set_error(ca, ALM_E_KIND, 0, recnum);
         ca->expected_type = code;
@@ -350,9 +361,9 @@ int alm_read(alm_comarea* alm_ca, std::uint32_t recnum, ALMRECTYPE* buffer) {
     std::int16_t stored = 0;
     if (buffer == nullptr) {
         ALMRECTYPE scratch{};
-        return read_record(alm_ca, recnum, &scratch, &stored);
+        return read_record(alm_ca, recnum, scratch.bytes, &stored);
     }
-    return read_record(alm_ca, recnum, buffer, &stored);
+    return read_record(alm_ca, recnum, buffer->bytes, &stored);
 }
 
 int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec) {

@@ -50,19 +50,21 @@ bool is_space(unsigned char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 struct Pattern {
     const char* text;
     int len;
+    bool any;  // empty or a lone "@": the default matcher takes every name
 };
 
 // Up to the field width or a NUL, without trailing white space.
 Pattern prepare(const char* name, int width) {
-    if (name == nullptr) return {nullptr, 0};
+    if (name == nullptr) return {nullptr, 0, true};
     int n = 0;
     while (n < width && name[n] != '\0') ++n;
     while (n > 0 && is_space(static_cast<unsigned char>(name[n - 1]))) --n;
-    return {name, n};
+    return {name, n, n == 0 || (n == 1 && name[0] == '@')};
 }
 
 bool matches(const alm_comarea* ca, const char* field, int width, const Pattern& p) {
     alm_match_fn fn = ca->match != nullptr ? ca->match : c_patternmatch;
+    if (p.any && fn == c_patternmatch) return true;
     return fn(field, p.text, width, p.len) != 0;
 }
 
@@ -371,11 +373,20 @@ bool locate_cursor(alm_comarea* ca, const SchedQuery& q, std::uint32_t& start, J
 
 enum class ChainEnd { Found, Exhausted, Failed };
 
+// Where a walk over every matching job hands each one; null for a lookup
+// that returns the first.
+struct JobSink {
+    alm_job_visit visit;
+    void* context;
+    std::int64_t count = 0;
+    bool stopped = false;
+};
+
 // Reads the job chain from start to the next job whose name matches jp.
 // Found: start is the cursor to hand out and the walk remembers where it
 // stands. Failed: the lookup is over, start is 32768.
 ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, const Pattern& jp,
-                   const JobCursor& at, std::uint32_t& start, SJ_RECTYPE* sj, JobRead read_job) {
+                   const JobCursor& at, std::uint32_t& start, SJ_RECTYPE* sj, JobRead read_job, JobSink* sink) {
     while (start != NULL_REC) {
         if (!walk.step(ca)) {
             not_found(ca, SJ_CODE);
@@ -393,14 +404,20 @@ ChainEnd scan_jobs(alm_comarea* ca, alm_job_walk& walk, const SchedQuery& q, con
             if (!in_chain) start = at.next_sched;
             remember(walk, q, at.next_sched, in_chain);
             walk.found_at = here;
-            return ChainEnd::Found;
+            if (sink == nullptr) return ChainEnd::Found;
+            // A walk over every job goes on from here as the next lookup
+            // with this cursor would.
+            ++sink->count;
+            sink->stopped = !sink->visit(sink->context, *sj, here);
+            if (sink->stopped) return ChainEnd::Found;
+            if (!in_chain) return ChainEnd::Exhausted;
         }
     }
     return ChainEnd::Exhausted;
 }
 
 std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, const char* job, std::uint32_t& start,
-                       SJ_RECTYPE* sj, JobRead read_job) {
+                       SJ_RECTYPE* sj, JobRead read_job, JobSink* sink = nullptr) {
     const NameWidths w = widths(ca);
     SchedQuery q{prepare(cpu, w.cpu), prepare(sched, w.sched), false, w};
     q.cpu_is_pattern = holds_wildcard(ca, q.cpu);
@@ -426,7 +443,7 @@ std::uint32_t find_job(alm_comarea* ca, const char* cpu, const char* sched, cons
     if (!resumed && !locate_cursor(ca, q, start, at)) return NULL_REC;
     for (;;) {
         if (at.qualifies) {
-            const ChainEnd end = scan_jobs(ca, walk, q, jp, at, start, sj, read_job);
+            const ChainEnd end = scan_jobs(ca, walk, q, jp, at, start, sj, read_job, sink);
             if (end == ChainEnd::Found) return sj->sj_rec_num;
             if (end == ChainEnd::Failed) return NULL_REC;
         }
@@ -504,6 +521,20 @@ std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sch
 std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
                                    std::uint32_t& start, SJ_RECTYPE* sj_rec) {
     return next_job(alm_ca, cpu, sched, job, start, sj_rec, alm_read_job_undated);
+}
+
+std::int64_t alm_each_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job, bool dated,
+                          alm_job_visit visit, void* context) {
+    if (!alm_valid(alm_ca) || visit == nullptr) return 0;
+    SJ_RECTYPE sj{};
+    JobSink sink{visit, context};
+    std::uint32_t start = 0;
+    begin_walk(alm_ca->job_walk, start);
+    find_job(alm_ca, cpu, sched, job, start, &sj, dated ? alm_read_job : alm_read_job_undated, &sink);
+    // Left as the lookup call that ended the walk would leave it.
+    if (!sink.stopped) alm_ca->job_walk.valid = false;
+    alm_ca->job_walk.cursor_out = start;
+    return sink.count;
 }
 
 }  // namespace alm

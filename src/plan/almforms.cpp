@@ -1,9 +1,11 @@
 // Conversion of records between the file's form (V1 or V2) and the form callers see.
 #include "plan/almforms.h"
 
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <span>
+#include <string_view>
 
 #include "plan/almforms_v1.h"
 #include "plan/unknownrecord.h"
@@ -24,39 +26,47 @@ constexpr int kLineUnknownOnRead = 2064;
 
 // A V2 date field with the time of day it was stored with (-1: midnight).
 struct DateField {
-    std::uint16_t date_off;
-    int time_off;
+    std::uint16_t date_off = 0;
+    int time_off = -1;
 };
 
-#define ALM_DATE(T, date, time) DateField{offsetof(T, date), offsetof(T, time)}
-#define ALM_DATE_MIDNIGHT(T, date) DateField{offsetof(T, date), -1}
+constexpr int v2_offset_of(std::span<const FieldSpec> table, std::string_view name) {
+    for (const FieldSpec& f : table)
+        if (name == f.name) return f.v2.off;
+    return -1;
+}
 
-constexpr DateField kHdrDates[] = {
-    ALM_DATE_MIDNIGHT(SH_RECTYPE, sh_last_date),
-    ALM_DATE_MIDNIGHT(SH_RECTYPE, sh_sched_date),
-    ALM_DATE(SH_RECTYPE, sh_date_started, sh_time_started),
-};
-constexpr DateField kCpuDates[] = {
-    ALM_DATE(SCI_RECTYPE, sci_date_started, sci_time_started),
-};
-constexpr DateField kSchedDates[] = {
-    ALM_DATE_MIDNIGHT(SS_RECTYPE, ss_prod_date),
-    ALM_DATE(SS_RECTYPE, ss_until_date, ss_until_time),
-    ALM_DATE(SS_RECTYPE, ss_sched_date, ss_start_time),
-    ALM_DATE(SS_RECTYPE, ss_date_started, ss_time_started),
-};
-constexpr DateField kJobDates[] = {
-    ALM_DATE(SJ_RECTYPE, sj_until_date, sj_until_time),
-    ALM_DATE(SJ_RECTYPE, sj_sched_date, sj_start_time),
-    ALM_DATE(SJ_RECTYPE, sj_date_started, sj_time_started),
-};
-constexpr DateField kMsgDates[] = {
-    ALM_DATE(SM_RECTYPE, sm_date_asked, sm_time_asked),
-    ALM_DATE(SM_RECTYPE, sm_date_resp, sm_time_resp),
-};
+constexpr std::size_t date_count(std::span<const FieldSpec> table) {
+    std::size_t n = 0;
+    for (const FieldSpec& f : table) n += f.date_kind != DateKind::none ? 1 : 0;
+    return n;
+}
 
-#undef ALM_DATE
-#undef ALM_DATE_MIDNIGHT
+// The date fields of a kind, read from its table of fields: each with the
+// time of day it is converted at, unless the table says midnight.
+template <const auto& table>
+constexpr auto dates_of() {
+    std::array<DateField, date_count(table)> out{};
+    std::size_t i = 0;
+    for (const FieldSpec& f : table) {
+        if (f.date_kind == DateKind::none) continue;
+        const bool midnight = f.date_kind == DateKind::day_midnight || f.time == nullptr;
+        out[i++] = DateField{f.v2.off, midnight ? -1 : v2_offset_of(table, f.time)};
+    }
+    return out;
+}
+
+constexpr auto kHdrDates = dates_of<kHeaderFields>();
+constexpr auto kCpuDates = dates_of<kWorkstationFields>();
+constexpr auto kSchedDates = dates_of<kScheduleFields>();
+constexpr auto kJobDates = dates_of<kJobFields>();
+constexpr auto kMsgDates = dates_of<kPromptFields>();
+static_assert(kHdrDates.size() == 3 && kCpuDates.size() == 1 && kSchedDates.size() == 4 && kJobDates.size() == 3 &&
+              kMsgDates.size() == 2);
+static_assert(kJobDates[0].date_off == offsetof(SJ_RECTYPE, sj_until_date) &&
+              kJobDates[0].time_off == static_cast<int>(offsetof(SJ_RECTYPE, sj_until_time)));
+static_assert(kHdrDates[0].time_off == -1 && kHdrDates[1].time_off == -1 &&
+              kHdrDates[2].time_off == static_cast<int>(offsetof(SH_RECTYPE, sh_time_started)));
 
 std::int16_t time_of(const unsigned char* rec, int time_off) {
     return time_off < 0 ? std::int16_t{0} : static_cast<std::int16_t>(load_le16(rec + time_off));
@@ -76,53 +86,45 @@ void dates_to_local(unsigned char* rec, std::span<const DateField> dates) {
     }
 }
 
-// Both buffers are whole 512-byte unions, so they either coincide or are
-// apart; a coinciding source is first copied aside.
-void read_record(V1Kind kind, std::span<const DateField> dates, const ALMRECTYPE_INT* int_buff, ALMRECTYPE* ext_buff,
+// Both buffers are whole 512-byte records, so they either coincide or are
+// apart; a coinciding V1 source is first copied aside.
+void read_record(V1Kind kind, std::span<const DateField> dates, const unsigned char* src, unsigned char* dst,
                  std::int16_t alm_version) {
-    if (int_buff == nullptr || ext_buff == nullptr) return;
     if (alm_version != kV1 && alm_version != kV2) return;
     if (alm_version == kV2) {
-        if (static_cast<const void*>(int_buff) != static_cast<const void*>(ext_buff))
-            std::memcpy(ext_buff->bytes, int_buff->bytes, ALM_REC_SIZE_V2);
-        dates_to_gmt(ext_buff->bytes, dates);
+        if (src != dst) std::memcpy(dst, src, ALM_REC_SIZE_V2);
+        dates_to_gmt(dst, dates);
         return;
     }
-    unsigned char src[ALM_REC_SIZE_V2];
-    std::memcpy(src, int_buff->bytes, sizeof src);
-    v1_widen(kind, src, ext_buff->bytes);
+    unsigned char copy[ALM_REC_SIZE_V2];
+    std::memcpy(copy, src, sizeof copy);
+    v1_widen(kind, copy, dst);
 }
 
-void write_record(V1Kind kind, std::span<const DateField> dates, const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff,
+void write_record(V1Kind kind, std::span<const DateField> dates, const unsigned char* src, unsigned char* dst,
                   std::int16_t alm_version) {
-    if (int_buff == nullptr || ext_buff == nullptr) return;
     if (alm_version != kV1 && alm_version != kV2) return;
-    unsigned char src[ALM_REC_SIZE_V2];
-    std::memcpy(src, ext_buff->bytes, sizeof src);
+    unsigned char copy[ALM_REC_SIZE_V2];
+    std::memcpy(copy, src, sizeof copy);
     if (alm_version == kV2) {
-        std::memcpy(int_buff->bytes, src, sizeof src);
-        dates_to_local(int_buff->bytes, dates);
+        std::memcpy(dst, copy, sizeof copy);
+        dates_to_local(dst, dates);
     } else {
-        v1_narrow(kind, src, int_buff->bytes);
+        v1_narrow(kind, copy, dst);
     }
 }
-
-using ReadFn = std::int16_t (*)(const ALMRECTYPE_INT*, ALMRECTYPE*, std::int16_t);
-using WriteFn = std::int16_t (*)(const ALMRECTYPE*, ALMRECTYPE_INT*, std::int16_t);
 
 struct KindEntry {
     std::int16_t code;
-    ReadFn read;
-    WriteFn write;
+    V1Kind kind;
+    std::span<const DateField> dates;
 };
 
 constexpr KindEntry kKinds[] = {
-    {SH_CODE, alm_i_2_e_HDR, alm_e_2_i_HDR},   {SCI_CODE, alm_i_2_e_CPU, alm_e_2_i_CPU},
-    {SS_CODE, alm_i_2_e_SCHED, alm_e_2_i_SCHED}, {SJ_CODE, alm_i_2_e_JOB, alm_e_2_i_JOB},
-    {SM_CODE, alm_i_2_e_MSG, alm_e_2_i_MSG},   {SF_CODE, alm_i_2_e_FILE, alm_e_2_i_FILE},
-    {SR_CODE, alm_i_2_e_RSRC, alm_e_2_i_RSRC}, {SC_CODE, alm_i_2_e_CAL, alm_e_2_i_CAL},
-    {ST_CODE, alm_i_2_e_ST, alm_e_2_i_ST},     {SD_CODE, alm_i_2_e_DEP, alm_e_2_i_DEP},
-    {PJ_CODE, alm_i_2_e_PJ, alm_e_2_i_PJ},
+    {SH_CODE, V1Kind::Hdr, kHdrDates},     {SCI_CODE, V1Kind::Cpu, kCpuDates}, {SS_CODE, V1Kind::Sched, kSchedDates},
+    {SJ_CODE, V1Kind::Job, kJobDates},     {SM_CODE, V1Kind::Msg, kMsgDates},  {SF_CODE, V1Kind::File, {}},
+    {SR_CODE, V1Kind::Rsrc, {}},           {SC_CODE, V1Kind::Cal, {}},         {ST_CODE, V1Kind::Str, {}},
+    {SD_CODE, V1Kind::Dep, {}},            {PJ_CODE, V1Kind::Pj, {}},
 };
 
 const KindEntry* find_kind(std::int16_t code) {
@@ -133,16 +135,21 @@ const KindEntry* find_kind(std::int16_t code) {
 
 }  // namespace
 
-std::int16_t alm_i_2_e(const ALMRECTYPE_INT* int_buff, ALMRECTYPE* ext_buff, std::int16_t alm_version) {
-    if (int_buff == nullptr || ext_buff == nullptr) return 1;
-    const auto code = static_cast<std::int16_t>(load_le16(int_buff->bytes));
+std::int16_t alm_i_2_e_bytes(const unsigned char* src, unsigned char* dst, std::int16_t alm_version) {
+    if (src == nullptr || dst == nullptr) return 1;
+    const auto code = static_cast<std::int16_t>(load_le16(src));
     const KindEntry* k = find_kind(code);
     if (k == nullptr) {
         report_unknown_record(kMsgUnknownOnRead, kLineUnknownOnRead, code);
         return 1;
     }
-    k->read(int_buff, ext_buff, alm_version);
+    read_record(k->kind, k->dates, src, dst, alm_version);
     return 0;
+}
+
+std::int16_t alm_i_2_e(const ALMRECTYPE_INT* int_buff, ALMRECTYPE* ext_buff, std::int16_t alm_version) {
+    if (int_buff == nullptr || ext_buff == nullptr) return 1;
+    return alm_i_2_e_bytes(int_buff->bytes, ext_buff->bytes, alm_version);
 }
 
 std::int16_t alm_e_2_i(const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff, std::int16_t alm_version) {
@@ -153,17 +160,19 @@ std::int16_t alm_e_2_i(const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff, std
         report_unknown_record(kMsgUnknownOnWrite, kLineUnknownOnWrite, code);
         return 0;
     }
-    k->write(ext_buff, int_buff, alm_version);
+    write_record(k->kind, k->dates, ext_buff->bytes, int_buff->bytes, alm_version);
     return 0;
 }
 
 #define ALM_FORMS(SUFFIX, KIND, DATES)                                                                         \
     std::int16_t alm_i_2_e_##SUFFIX(const ALMRECTYPE_INT* int_buff, ALMRECTYPE* ext_buff, std::int16_t alm_version) { \
-        read_record(V1Kind::KIND, DATES, int_buff, ext_buff, alm_version);                                       \
+        if (int_buff != nullptr && ext_buff != nullptr)                                                          \
+            read_record(V1Kind::KIND, DATES, int_buff->bytes, ext_buff->bytes, alm_version);                     \
         return 0;                                                                                                \
     }                                                                                                            \
     std::int16_t alm_e_2_i_##SUFFIX(const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff, std::int16_t alm_version) { \
-        write_record(V1Kind::KIND, DATES, ext_buff, int_buff, alm_version);                                      \
+        if (int_buff != nullptr && ext_buff != nullptr)                                                          \
+            write_record(V1Kind::KIND, DATES, ext_buff->bytes, int_buff->bytes, alm_version);                    \
         return 0;                                                                                                \
     }
 
@@ -172,13 +181,13 @@ ALM_FORMS(CPU, Cpu, kCpuDates)
 ALM_FORMS(SCHED, Sched, kSchedDates)
 ALM_FORMS(JOB, Job, kJobDates)
 ALM_FORMS(MSG, Msg, kMsgDates)
-ALM_FORMS(FILE, File, {})
-ALM_FORMS(RSRC, Rsrc, {})
-ALM_FORMS(CAL, Cal, {})
-ALM_FORMS(USER_DEFN, UserDefn, {})
-ALM_FORMS(ST, Str, {})
-ALM_FORMS(DEP, Dep, {})
-ALM_FORMS(PJ, Pj, {})
+ALM_FORMS(FILE, File, std::span<const DateField>{})
+ALM_FORMS(RSRC, Rsrc, std::span<const DateField>{})
+ALM_FORMS(CAL, Cal, std::span<const DateField>{})
+ALM_FORMS(USER_DEFN, UserDefn, std::span<const DateField>{})
+ALM_FORMS(ST, Str, std::span<const DateField>{})
+ALM_FORMS(DEP, Dep, std::span<const DateField>{})
+ALM_FORMS(PJ, Pj, std::span<const DateField>{})
 
 #undef ALM_FORMS
 

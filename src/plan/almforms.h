@@ -11,6 +11,9 @@ namespace alm {
 // File to caller. Returns 0 after a conversion, 1 after an unknown type code
 // (the caller's buffer is then left untouched).
 std::int16_t alm_i_2_e(const ALMRECTYPE_INT* int_buff, ALMRECTYPE* ext_buff, std::int16_t alm_version);
+// The same from the bytes of a whole 512-byte record (a V1 record padded to
+// that size); for the reads that convert straight from where a record lies.
+std::int16_t alm_i_2_e_bytes(const unsigned char* src, unsigned char* dst, std::int16_t alm_version);
 // Caller to file. Returns 0 in every case.
 std::int16_t alm_e_2_i(const ALMRECTYPE* ext_buff, ALMRECTYPE_INT* int_buff, std::int16_t alm_version);
 

@@ -60,6 +60,7 @@ struct alm_read_ahead_state {
         off_t start = 0;
         std::size_t len = 0;  // 0: holds nothing
         unsigned long used = 0;
+        bool prefaulted = false;
         std::unique_ptr<unsigned char[]> bytes;
     };
     struct KeptTag {
@@ -86,5 +87,11 @@ ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off);
 // through what the session keeps when a scope is open. The result is what a
 // single pread of those bytes would return (or returned when first read).
 ssize_t alm_pread(alm_comarea* ca, void* buf, std::size_t len, off_t off);
+
+// alm_pread without the copy where it can: when the bytes lie in what the
+// session keeps, *at points at them there (valid until the session's next
+// read) and buf is left alone; otherwise they are read into buf and *at is
+// buf.
+ssize_t alm_pread_at(alm_comarea* ca, void* buf, std::size_t len, off_t off, const unsigned char** at);
 
 }  // namespace alm

@@ -4,7 +4,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
+
+#include "util/pages.h"
 
 
 namespace alm {
@@ -15,20 +18,76 @@ std::FILE* replyStream = nullptr;
 
 std::FILE* out() { return replyStream ? replyStream : stdout; }
 
-constexpr std::size_t REPLY_BUFFER_BYTES = 1u << 20;
+// Replies are gathered here and leave with one write per megabyte: a record
+// is put into its wire form where it will be sent from, and no stream
+// buffer copies it again. Messages keep going through the C library's
+// stream, which a reply flushes before its first byte.
+constexpr std::size_t REPLY_BUFFER_BYTES = 256u << 10;
+constexpr std::size_t PIPE_BYTES = 1u << 20;
+unsigned char pending[REPLY_BUFFER_BYTES];
+std::size_t pendingBytes = 0;
+
+void writeAll(const unsigned char* data, std::size_t length) {
+    if (replyStream != nullptr) {
+        std::fwrite(data, 1, length, replyStream);
+        return;
+    }
+    while (length > 0) {
+        const ssize_t n = ::write(STDOUT_FILENO, data, length);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return;  // write errors are ignored, as for every reply
+        data += n;
+        length -= static_cast<std::size_t>(n);
+    }
+}
+
+void flushPending() {
+    writeAll(pending, pendingBytes);
+    pendingBytes = 0;
+}
+
+// Replies beyond this size bring the rest of the buffer in at once.
+constexpr std::size_t SMALL_REPLY_BYTES = 16u << 10;
+bool prefaulted = false;
+
+unsigned char* reserve(std::size_t length) {
+    if (pendingBytes == 0) std::fflush(out());
+    if (!prefaulted && pendingBytes + length > SMALL_REPLY_BYTES) {
+        prefault(pending, sizeof pending);
+        prefaulted = true;
+    }
+    if (length > REPLY_BUFFER_BYTES - pendingBytes) flushPending();
+    unsigned char* at = pending + pendingBytes;
+    pendingBytes += length;
+    return at;
+}
+
+void put(const void* data, std::size_t length) {
+    const auto* bytes = static_cast<const unsigned char*>(data);
+    if (length >= REPLY_BUFFER_BYTES) {
+        // What fills the buffer alone goes out from where it lies.
+        if (pendingBytes == 0) std::fflush(out());
+        flushPending();
+        writeAll(bytes, length);
+        return;
+    }
+    std::memcpy(reserve(length), bytes, length);
+}
+
+void finishReply() {
+    flushPending();
+    if (replyStream != nullptr) std::fflush(replyStream);
+}
 
 void writeHeaderWords(std::uint32_t size, std::uint32_t type, std::uint32_t id,
                       std::uint32_t numData, std::uint32_t bytesPer, std::uint32_t dataType) {
-    unsigned char bytes[ALM_FRAME_HEADER_BYTES];
-    storeHeader(bytes, FrameHeader{size, type, id, numData, bytesPer, dataType});
-    std::fwrite(bytes, 1, sizeof bytes, out());
+    storeHeader(reserve(ALM_FRAME_HEADER_BYTES), FrameHeader{size, type, id, numData, bytesPer, dataType});
 }
 
 void writeZeros(std::uint32_t count) {
-    static const unsigned char zeros[512] = {};
     while (count) {
-        const std::uint32_t chunk = count < sizeof zeros ? count : sizeof zeros;
-        std::fwrite(zeros, 1, chunk, out());
+        const std::uint32_t chunk = count < 4096 ? count : 4096;
+        std::memset(reserve(chunk), 0, chunk);
         count -= chunk;
     }
 }
@@ -36,23 +95,18 @@ void writeZeros(std::uint32_t count) {
 }  // namespace
 
 std::FILE* readerSetOutput(std::FILE* stream) {
+    finishReply();
     std::FILE* previous = replyStream;
     replyStream = stream;
     return previous;
 }
 
 void readerInitOutput() {
-    // The C library sizes a buffer it allocates itself by the descriptor's
-    // block size (4 KiB on a pipe), whatever size is asked for: a long reply
-    // would cost a system call every 4 KiB. Pages of this one that a short
-    // reply never reaches are never touched.
-    static char buffer[REPLY_BUFFER_BYTES];
-    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
 #ifdef F_SETPIPE_SZ
     // A larger pipe takes a whole buffer in one write and lets the reader
     // take as much in one read; where it cannot be had the default serves.
     if (::fcntl(STDOUT_FILENO, F_GETPIPE_SZ) > 0)
-        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(REPLY_BUFFER_BYTES));
+        ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(PIPE_BYTES));
 #endif
 }
 
@@ -79,7 +133,7 @@ void readerWrite(const Request& reply) {
         const unsigned char* run = nullptr;
         std::size_t runBytes = 0;
         auto flushRun = [&] {
-            if (runBytes) std::fwrite(run, 1, runBytes, out());
+            if (runBytes) put(run, runBytes);
             runBytes = 0;
         };
         sllIterator it;
@@ -101,14 +155,14 @@ void readerWrite(const Request& reply) {
                 }
             } else if (item) {
                 const auto* text = static_cast<const char*>(item);
-                std::fwrite(text, 1, std::strlen(text) + 1, out());
+                put(text, std::strlen(text) + 1);
             } else {
-                std::fputc('\0', out());
+                *reserve(1) = 0;
             }
         }
         flushRun();
     }
-    std::fflush(out());
+    finishReply();
 }
 
 void readerWriteHeader(int type, int id, int numData, int bytesPer) {
@@ -119,9 +173,11 @@ void readerWriteHeader(int type, int id, int numData, int bytesPer) {
 }
 
 void readerWriteBlock(const void* data, std::size_t length) {
-    if (length) std::fwrite(data, 1, length, out());
+    if (length) put(data, length);
 }
 
-void readerWriteTrailer() { std::fflush(out()); }
+unsigned char* readerReserveBlock(std::size_t length) { return reserve(length); }
+
+void readerWriteTrailer() { finishReply(); }
 
 }  // namespace alm

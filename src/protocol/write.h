@@ -17,7 +17,8 @@ namespace alm {
 // Redirects replies (tests, fuzzing); nullptr means stdout. Returns the
 // previous stream (nullptr when it was stdout).
 std::FILE* readerSetOutput(std::FILE* out);
-// Gives the reply stream a large buffer; call before anything is written.
+// Raises the size of the pipe on standard output, where it is one; call
+// before anything is written.
 void readerInitOutput();
 
 // Writes a whole reply described by reply and flushes. The size word is
@@ -32,6 +33,10 @@ void readerWrite(const Request& reply);
 // checks that as many blocks follow as the header announced.
 void readerWriteHeader(int type, int id, int numData, int bytesPer);
 void readerWriteBlock(const void* data, std::size_t length);
+// Room for length bytes (at most 1 MiB) of a streamed reply, to be filled
+// before the next call here: a record can be put into its wire form where it
+// will be sent from.
+unsigned char* readerReserveBlock(std::size_t length);
 void readerWriteTrailer();
 
 }  // namespace alm

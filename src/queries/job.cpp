@@ -35,21 +35,31 @@ struct Found {
 // The counting walk: it reads each job without converting its dates.
 Found countJobs(alm_comarea* ca, const JobPatterns& p) {
     Found found;
-    bool keep = true;
     try {
         found.at.reserve(kKeptPositions);
     } catch (const std::bad_alloc&) {
-        keep = false;
+        found.at.clear();
     }
-    SJ_RECTYPE sj{};
-    std::uint32_t start = 0;
-    while (found.count < INT32_MAX && alm_find_job_undated(ca, p.cpu, p.sched, p.job, start, &sj) != NULL_REC) {
-        ++found.count;
-        keep = keep && found.at.size() < kKeptPositions;
-        if (keep) found.at.push_back(ca->job_walk.found_at);
-    }
-    if (!keep) found.at.clear();
+    const bool keep = found.at.capacity() >= kKeptPositions;
+    struct Count {
+        Found& found;
+        bool keep;
+    } count{found, keep};
+    alm_each_job(ca, p.cpu, p.sched, p.job, false, [](void* context, const SJ_RECTYPE&, std::uint32_t at) {
+        auto& c = *static_cast<Count*>(context);
+        ++c.found.count;
+        c.keep = c.keep && c.found.at.size() < kKeptPositions;
+        if (c.keep) c.found.at.push_back(at);
+        return c.found.count < INT32_MAX;
+    }, &count);
+    if (!count.keep) found.at.clear();
     return found;
+}
+
+void sendJob(const SJ_RECTYPE& sj) {
+    unsigned char* rec = readerReserveBlock(RecordBuffer::kRecordBytes);
+    std::memcpy(rec, &sj, RecordBuffer::kRecordBytes);
+    ConvertJobReply(rec);
 }
 
 // Reads the job at a position and sends it; one that can no longer be read
@@ -57,12 +67,10 @@ Found countJobs(alm_comarea* ca, const JobPatterns& p) {
 // holds exactly the records its header announced.
 void sendJobAt(alm_comarea* ca, std::uint32_t at, SJ_RECTYPE& sj) {
     static_assert(sizeof sj == RecordBuffer::kRecordBytes);
-    unsigned char* rec = record_bytes(&sj);
     if (at != NULL_REC && alm_read_job(ca, at, &sj) >= 0)
-        ConvertJobReply(rec);
+        sendJob(sj);
     else
-        std::memset(rec, 0, sizeof sj);
-    readerWriteBlock(rec, sizeof sj);
+        std::memset(readerReserveBlock(sizeof sj), 0, sizeof sj);
 }
 
 void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
@@ -73,15 +81,16 @@ void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
     }
     // The walk again, each job now read whole; should it find fewer than it
     // counted (the plan changed meanwhile), zeros make up the rest.
-    std::uint32_t start = 0;
-    std::int64_t sent = 0;
-    while (sent < found.count && alm_find_job(ca, p.cpu, p.sched, p.job, start, &sj) != NULL_REC) {
-        unsigned char* rec = record_bytes(&sj);
-        ConvertJobReply(rec);
-        readerWriteBlock(rec, sizeof sj);
-        ++sent;
-    }
-    for (; sent < found.count; ++sent) sendJobAt(ca, NULL_REC, sj);
+    struct Send {
+        std::int64_t left;
+    } send{found.count};
+    alm_each_job(ca, p.cpu, p.sched, p.job, true, [](void* context, const SJ_RECTYPE& job, std::uint32_t) {
+        auto& left = static_cast<Send*>(context)->left;
+        if (left <= 0) return false;
+        sendJob(job);
+        return --left > 0;
+    }, &send);
+    for (; send.left > 0; --send.left) sendJobAt(ca, NULL_REC, sj);
 }
 
 }  // namespace

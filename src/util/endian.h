@@ -8,49 +8,50 @@
 
 namespace alm {
 
-inline std::uint16_t load_le16(const void* p) {
-    const auto* b = static_cast<const unsigned char*>(p);
-    return static_cast<std::uint16_t>(b[0] | (b[1] << 8));
-}
-inline std::uint32_t load_le32(const void* p) {
-    const auto* b = static_cast<const unsigned char*>(p);
-    return static_cast<std::uint32_t>(b[0]) | (static_cast<std::uint32_t>(b[1]) << 8) |
-           (static_cast<std::uint32_t>(b[2]) << 16) | (static_cast<std::uint32_t>(b[3]) << 24);
-}
-inline void store_le16(void* p, std::uint16_t v) {
-    auto* b = static_cast<unsigned char*>(p);
-    b[0] = static_cast<unsigned char>(v);
-    b[1] = static_cast<unsigned char>(v >> 8);
-}
-inline void store_le32(void* p, std::uint32_t v) {
-    auto* b = static_cast<unsigned char*>(p);
-    b[0] = static_cast<unsigned char>(v);
-    b[1] = static_cast<unsigned char>(v >> 8);
-    b[2] = static_cast<unsigned char>(v >> 16);
-    b[3] = static_cast<unsigned char>(v >> 24);
+// One load or store and at most one byte swap each: these run for every
+// field of every record a listing sends.
+inline std::uint16_t byte_swap16(std::uint16_t v) { return static_cast<std::uint16_t>((v >> 8) | (v << 8)); }
+inline std::uint32_t byte_swap32(std::uint32_t v) {
+    return (v >> 24) | ((v >> 8) & 0xFF00u) | ((v << 8) & 0xFF0000u) | (v << 24);
 }
 
-inline std::uint16_t load_be16(const void* p) {
-    const auto* b = static_cast<const unsigned char*>(p);
-    return static_cast<std::uint16_t>((b[0] << 8) | b[1]);
+template <std::endian order>
+inline std::uint16_t to_order16(std::uint16_t v) { return std::endian::native == order ? v : byte_swap16(v); }
+template <std::endian order>
+inline std::uint32_t to_order32(std::uint32_t v) { return std::endian::native == order ? v : byte_swap32(v); }
+
+template <std::endian order>
+inline std::uint16_t load16(const void* p) {
+    std::uint16_t v;
+    std::memcpy(&v, p, sizeof v);
+    return to_order16<order>(v);
 }
-inline std::uint32_t load_be32(const void* p) {
-    const auto* b = static_cast<const unsigned char*>(p);
-    return (static_cast<std::uint32_t>(b[0]) << 24) | (static_cast<std::uint32_t>(b[1]) << 16) |
-           (static_cast<std::uint32_t>(b[2]) << 8) | static_cast<std::uint32_t>(b[3]);
+template <std::endian order>
+inline std::uint32_t load32(const void* p) {
+    std::uint32_t v;
+    std::memcpy(&v, p, sizeof v);
+    return to_order32<order>(v);
 }
-inline void store_be16(void* p, std::uint16_t v) {
-    auto* b = static_cast<unsigned char*>(p);
-    b[0] = static_cast<unsigned char>(v >> 8);
-    b[1] = static_cast<unsigned char>(v);
+template <std::endian order>
+inline void store16(void* p, std::uint16_t v) {
+    v = to_order16<order>(v);
+    std::memcpy(p, &v, sizeof v);
 }
-inline void store_be32(void* p, std::uint32_t v) {
-    auto* b = static_cast<unsigned char*>(p);
-    b[0] = static_cast<unsigned char>(v >> 24);
-    b[1] = static_cast<unsigned char>(v >> 16);
-    b[2] = static_cast<unsigned char>(v >> 8);
-    b[3] = static_cast<unsigned char>(v);
+template <std::endian order>
+inline void store32(void* p, std::uint32_t v) {
+    v = to_order32<order>(v);
+    std::memcpy(p, &v, sizeof v);
 }
+
+inline std::uint16_t load_le16(const void* p) { return load16<std::endian::little>(p); }
+inline std::uint32_t load_le32(const void* p) { return load32<std::endian::little>(p); }
+inline void store_le16(void* p, std::uint16_t v) { store16<std::endian::little>(p, v); }
+inline void store_le32(void* p, std::uint32_t v) { store32<std::endian::little>(p, v); }
+
+inline std::uint16_t load_be16(const void* p) { return load16<std::endian::big>(p); }
+inline std::uint32_t load_be32(const void* p) { return load32<std::endian::big>(p); }
+inline void store_be16(void* p, std::uint16_t v) { store16<std::endian::big>(p, v); }
+inline void store_be32(void* p, std::uint32_t v) { store32<std::endian::big>(p, v); }
 
 // Host-order access (the in-memory form of plan records is host order).
 inline std::uint16_t load_host16(const void* p) {
