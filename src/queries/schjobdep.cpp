@@ -66,9 +66,13 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
     char cpu[kNameBytes];
     char schedule[kNameBytes];
     SS_RECTYPE ss{};
-    SJ_RECTYPE sj{};
-    SJ_RECTYPE chained{};
 
+    struct Jobs {
+        alm_comarea* ca;
+        Visit& visit;
+        SJ_RECTYPE job{};
+        SJ_RECTYPE chained{};
+    } jobs{ca, visit};
     std::uint32_t ss_start = 0;
     while (alm_find_sched(ca, cpuPattern, schedPattern, ss_start, &ss) != NULL_REC) {
         pac_to_str(ss.ss_cpu_id, cpu, width);
@@ -76,18 +80,19 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
         visit.schedule(ss);
 
         // A visit that sends nothing (the count) has no use for converted dates.
-        const auto findJob = Visit::kSends ? alm_find_job : alm_find_job_undated;
-        const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
-        std::uint32_t sj_start = 0;
-        while (findJob(ca, cpu, schedule, jobPattern, sj_start, &sj) != NULL_REC) {
-            std::uint32_t link = sj.sj_restart_ptr;
-            visit.job(sj);
+        alm_each_job(ca, cpu, schedule, jobPattern, Visit::kSends, [](void* context, const SJ_RECTYPE& sj, std::uint32_t) {
+            auto& j = *static_cast<Jobs*>(context);
+            const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
+            j.job = sj;
+            std::uint32_t link = j.job.sj_restart_ptr;
+            j.visit.job(j.job);
             alm_walk restarts;
-            while (link != NULL_REC && restarts.step(ca) && readJob(ca, link, &chained) >= 0) {
-                link = chained.sj_restart_ptr;
-                visit.job(chained);
+            while (link != NULL_REC && restarts.step(j.ca) && readJob(j.ca, link, &j.chained) >= 0) {
+                link = j.chained.sj_restart_ptr;
+                j.visit.job(j.chained);
             }
-        }
+            return true;
+        }, &jobs);
     }
 }
 
