@@ -5,8 +5,8 @@
 #include <cstring>
 #include <new>
 #include <optional>
-#include <string>
-#include <unordered_map>
+#include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "util/patmatch.h"
@@ -20,13 +20,20 @@ namespace alm {
 struct alm_sched_index {
     struct Entry {
         std::uint32_t rec;
+        std::uint8_t cpu_len;    // the names as the matcher compares them: trimmed
+        std::uint8_t sched_len;
         char cpu[sizeof(SS_RECTYPE::ss_cpu_id)];
+        char sched[sizeof(SS_RECTYPE::ss_sched_name)];
+
+        std::string_view cpu_name() const { return {cpu, cpu_len}; }
+        std::string_view sched_name() const { return {sched, sched_len}; }
     };
     bool usable = false;
     std::vector<Entry> chain;
-    std::unordered_map<std::uint32_t, std::uint32_t> position;
-    // Workstation and schedule name, trimmed, joined by a NUL: positions.
-    std::unordered_map<std::string, std::vector<std::uint32_t>> by_names;
+    // (record, position in the chain), by record.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> position;
+    // Positions in the chain by workstation name, schedule name, position.
+    std::vector<std::uint32_t> by_names;
 };
 
 void alm_sched_index_free::operator()(alm_sched_index* index) const noexcept {
@@ -119,14 +126,56 @@ bool is_plain(const Pattern& p) {
     return true;
 }
 
-// A field as the matcher compares it: up to its width or a NUL, without
-// trailing white space.
-std::string trimmed(const char* field, int width) {
-    const Pattern p = prepare(field, width);
-    return std::string(field, static_cast<std::size_t>(p.len));
-}
 
-std::string names_key(const std::string& cpu, const std::string& sched) { return cpu + '\0' + sched; }
+// One walk of the whole schedule chain; unusable when a read fails, the
+// chain loops or its workstations are out of order.
+std::unique_ptr<alm_sched_index> build_sched_index(alm_comarea* ca, const NameWidths& w) {
+    auto index = std::make_unique<alm_sched_index>();
+    SH_RECTYPE hdr{};
+    SS_RECTYPE ss{};
+    bool usable = alm_read_header(ca, &hdr) >= 0;
+    std::uint32_t rec = usable ? link(hdr.sh_first_sched) : NULL_REC;
+    // A loop shows as a record met again; the check keeps one record in
+    // view and moves it on at each power of two, so a loop is found within
+    // twice its length and the index never grows far past the chain.
+    std::uint32_t kept = NULL_REC;
+    std::size_t power = 1;
+    std::size_t since = 0;
+    while (usable && rec != NULL_REC) {
+        const auto pos = static_cast<std::uint32_t>(index->chain.size());
+        if (rec == kept || pos >= static_cast<std::uint32_t>(ca->num_recs) || alm_read_sched(ca, rec, &ss) < 0 ||
+            (pos > 0 && std::memcmp(index->chain.back().cpu, ss.ss_cpu_id, sizeof ss.ss_cpu_id) > 0)) {
+            usable = false;
+            break;
+        }
+        alm_sched_index::Entry e{rec, 0, 0, {}, {}};
+        std::memcpy(e.cpu, ss.ss_cpu_id, sizeof e.cpu);
+        std::memcpy(e.sched, ss.ss_sched_name, sizeof e.sched);
+        e.cpu_len = static_cast<std::uint8_t>(prepare(ss.ss_cpu_id, w.cpu).len);
+        e.sched_len = static_cast<std::uint8_t>(prepare(ss.ss_sched_name, w.sched).len);
+        index->chain.push_back(e);
+        index->position.emplace_back(rec, pos);
+        if (++since == power) {
+            kept = rec;
+            power *= 2;
+            since = 0;
+        }
+        rec = link(ss.ss_next_sch_ptr);
+    }
+    // Any record met twice makes the chain unusable too.
+    std::sort(index->position.begin(), index->position.end());
+    for (std::size_t i = 1; usable && i < index->position.size(); ++i)
+        usable = index->position[i - 1].first != index->position[i].first;
+    index->by_names.resize(index->chain.size());
+    for (std::uint32_t i = 0; i < index->by_names.size(); ++i) index->by_names[i] = i;
+    const auto& chain = index->chain;
+    std::sort(index->by_names.begin(), index->by_names.end(), [&](std::uint32_t a, std::uint32_t b) {
+        return std::tuple(chain[a].cpu_name(), chain[a].sched_name(), a) <
+               std::tuple(chain[b].cpu_name(), chain[b].sched_name(), b);
+    });
+    index->usable = usable;
+    return index;
+}
 
 // The session's index, made on first use within the scope by one walk of
 // the whole chain; null outside a scope or when the chain is not one the
@@ -142,28 +191,7 @@ const alm_sched_index* sched_index(alm_comarea* ca, const NameWidths& w) {
         const auto found = ca->found_type;
         const auto recnum = ca->last_recnum;
         try {
-            auto index = std::make_unique<alm_sched_index>();
-            SH_RECTYPE hdr{};
-            SS_RECTYPE ss{};
-            bool usable = alm_read_header(ca, &hdr) >= 0;
-            std::uint32_t rec = usable ? link(hdr.sh_first_sched) : NULL_REC;
-            while (usable && rec != NULL_REC) {
-                const auto pos = static_cast<std::uint32_t>(index->chain.size());
-                if (pos >= static_cast<std::uint32_t>(ca->num_recs) || alm_read_sched(ca, rec, &ss) < 0 ||
-                    !index->position.emplace(rec, pos).second ||
-                    (pos > 0 && std::memcmp(index->chain.back().cpu, ss.ss_cpu_id, sizeof ss.ss_cpu_id) > 0)) {
-                    usable = false;
-                    break;
-                }
-                alm_sched_index::Entry e{rec, {}};
-                std::memcpy(e.cpu, ss.ss_cpu_id, sizeof e.cpu);
-                index->chain.push_back(e);
-                index->by_names[names_key(trimmed(ss.ss_cpu_id, w.cpu), trimmed(ss.ss_sched_name, w.sched))]
-                    .push_back(pos);
-                rec = link(ss.ss_next_sch_ptr);
-            }
-            index->usable = usable;
-            ra->sched_index.reset(index.release());
+            ra->sched_index.reset(build_sched_index(ca, w).release());
         } catch (const std::bad_alloc&) {
         }
         ca->err_type = err_type;
@@ -183,21 +211,25 @@ std::optional<WalkEnd> walk_indexed(alm_comarea* ca, alm_walk& walk, const Sched
     if (!is_plain(q.cpu) || !is_plain(q.sched)) return std::nullopt;
     const alm_sched_index* index = sched_index(ca, q.w);
     if (index == nullptr) return std::nullopt;
-    const auto at_rec = index->position.find(rec);
-    if (at_rec == index->position.end()) return std::nullopt;
+    const auto at_rec = std::lower_bound(index->position.begin(), index->position.end(),
+                                         std::pair<std::uint32_t, std::uint32_t>(rec, 0));
+    if (at_rec == index->position.end() || at_rec->first != rec) return std::nullopt;
     const std::size_t s = at_rec->second;
     const std::size_t n = index->chain.size();
 
     // With plain names a schedule matches exactly when its trimmed names
     // are the two names.
     std::size_t m = n;
-    const auto named = index->by_names.find(
-        names_key(std::string(q.cpu.text, static_cast<std::size_t>(q.cpu.len)),
-                  std::string(q.sched.text, static_cast<std::size_t>(q.sched.len))));
-    if (named != index->by_names.end()) {
-        const auto p = std::lower_bound(named->second.begin(), named->second.end(), s);
-        if (p != named->second.end()) m = *p;
-    }
+    const std::string_view cpu_name(q.cpu.text, static_cast<std::size_t>(q.cpu.len));
+    const std::string_view sched_name(q.sched.text, static_cast<std::size_t>(q.sched.len));
+    const auto& chain = index->chain;
+    const auto named = std::lower_bound(index->by_names.begin(), index->by_names.end(), s, [&](std::uint32_t p, std::size_t from) {
+        return std::tuple(chain[p].cpu_name(), chain[p].sched_name(), static_cast<std::size_t>(p)) <
+               std::tuple(cpu_name, sched_name, from);
+    });
+    if (named != index->by_names.end() && chain[*named].cpu_name() == cpu_name &&
+        chain[*named].sched_name() == sched_name)
+        m = *named;
     // The chain is in workstation order, so the schedules past the name
     // come after all the others.
     std::size_t t = n;
