@@ -107,6 +107,11 @@ TEST(AlmqTables, PatternsSelectAndNothingMatchedExitsOne) {
         {{"jobs"}, 0, "26 jobs"},
         {{"jobs", "AGENT1", "LOADDATA"}, 0, "5 jobs"},
         {{"jobs", "@", "@", "GET@"}, 0, "2 jobs"},
+        // An empty pattern matches as @ does.
+        {{"jobs", "AGENT1", "", ""}, 0, "11 jobs"},
+        {{"jobs", "AGENT1", "@", "@"}, 0, "11 jobs"},
+        {{"deps", "@", "@", ""}, 0, "12 schedules, 26 jobs, 3 restart links, 36 dependencies"},
+        {{"deps"}, 0, "12 schedules, 26 jobs, 3 restart links, 36 dependencies"},
         {{"jobs", "@", "@", "NOSUCH"}, 1, "almq: no job matches @ @ NOSUCH"},
         {{"deps", "MASTER", "ENDDAY"}, 0, "1 schedule, 1 job, 0 restart links, 4 dependencies"},
         {{"deps", "NOSUCH"}, 1, "almq: no schedule matches NOSUCH @ @"},

@@ -192,14 +192,7 @@ bool take_operands(const CommandEntry& entry, const std::vector<std::string>& op
         }
         return true;
     }
-    for (const std::string& p : operands) {
-        // An empty pattern would be lost on the wire (the server drops an
-        // empty last argument and then sends no reply at all).
-        if (p.empty()) {
-            problem = "patterns cannot be empty (use @ to match every name)";
-            return false;
-        }
-    }
+    // An empty pattern goes to the server as it is: it matches every name.
     o.patterns = operands;
     o.patterns.resize(pattern_count(o.command), "@");
     return true;
