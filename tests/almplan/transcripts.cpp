@@ -1,0 +1,4 @@
+// almplan as a user runs it: the transcripts in this folder.
+#include "common/transcript.h"
+
+ALM_TRANSCRIPTS(Almplan, "almplan");
