@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "protocol/sll.h"
-#include "service/frames.h"
+#include "common/frames.h"
 
 namespace alm {
 namespace {

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "common/runprogram.h"
-#include "dates/date_helpers.h"
-#include "forms/forms_helpers.h"
+#include "util/date_helpers.h"
+#include "plan/forms_helpers.h"
 #include "plan/almforms.h"
 #include "plan/unknownrecord.h"
 

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "client/almclient.h"
-#include "files/home.h"
+#include "e2e/home.h"
 
 namespace alm::filestest {
 namespace {

@@ -12,7 +12,7 @@
 #include "client/almclient.h"
 #include "common/child_process.h"
 #include "common/runprogram.h"
-#include "files/home.h"
+#include "e2e/home.h"
 
 namespace alm::filestest {
 namespace {
@@ -352,6 +352,55 @@ TEST_F(Files, PlansStillOpenAtEndOfInputAreClosed) {
     expectCleanEnd(client_);
     EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);
     EXPECT_EQ(probeLock(other, 0, 1).type, F_UNLCK);
+}
+
+// A plan cut short by another process in the middle of a long listing: the
+// listing still sends as many whole records as its header announced, those
+// past the cut as zeros, and the framing stays whole for the next request.
+TEST(CutPlan, LongListingsStayWhole) {
+    struct Case {
+        std::uint32_t type;
+        std::vector<std::string> patterns;
+        std::vector<std::string> synth;  // almplan synth options
+        std::uint32_t count;
+        char code;  // first byte of each record sent whole
+    };
+    const Case cases[] = {
+        {6, {"@", "@", "@"}, {"--cpus", "1", "--scheds", "10", "--jobs", "2000"}, 20000, 'J'},
+        {5, {"@", "@"}, {"--cpus", "1", "--scheds", "16000", "--jobs", "1"}, 16000, 'S'},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.type);
+        TempHome home;
+        ASSERT_TRUE(home.ok());
+        const std::string plan = home.file("big");
+        std::vector<std::string> synth{"synth"};
+        synth.insert(synth.end(), c.synth.begin(), c.synth.end());
+        synth.push_back(plan);
+        ASSERT_EQ(test::run_program(test::built_program("almplan"), synth).status, 0);
+        AlmClient s;
+        ASSERT_TRUE(startServer(s, home));
+        std::vector<std::string> args{openPlan(s, plan)[2]};
+        args.insert(args.end(), c.patterns.begin(), c.patterns.end());
+        ASSERT_OK(s.send(c.type, 41, args));
+        FrameHeader header;
+        ASSERT_OK(s.readHeader(header, kWaitMs));
+        ASSERT_EQ(header.numData, c.count);
+        ASSERT_EQ(::truncate(plan.c_str(), 1000 * 512), 0);
+
+        std::uint32_t whole = 0;
+        std::uint32_t zeros = 0;
+        std::vector<unsigned char> rec(512);
+        for (std::uint32_t i = 0; i < c.count; ++i) {
+            ASSERT_OK(s.readExact(rec.data(), rec.size(), kWaitMs));
+            whole += rec[0] == static_cast<unsigned char>(c.code);
+            zeros += rec == std::vector<unsigned char>(512, 0);
+        }
+        EXPECT_EQ(whole + zeros, c.count);
+        EXPECT_GT(whole, 0u);
+        EXPECT_GT(zeros, c.count / 2);
+        expectNopNext(s, 42);
+    }
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "codeset/codeset_helpers.h"
+#include "messages/codeset_helpers.h"
 #include "messages/codeset.h"
 
 namespace alm {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "dates/date_helpers.h"
+#include "util/date_helpers.h"
 #include "util/dateutil.h"
 
 namespace alm {

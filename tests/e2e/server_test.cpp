@@ -10,7 +10,7 @@
 
 #include "client/almclient.h"
 #include "common/tempdir.h"
-#include "service/frames.h"
+#include "common/frames.h"
 
 namespace alm {
 namespace {

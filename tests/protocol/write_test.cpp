@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "service/frames.h"
+#include "common/frames.h"
 
 namespace alm {
 namespace {

@@ -1,4 +1,4 @@
-#include "files/home.h"
+#include "e2e/home.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>

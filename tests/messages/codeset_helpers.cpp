@@ -1,4 +1,4 @@
-#include "codeset/codeset_helpers.h"
+#include "messages/codeset_helpers.h"
 
 #include <iconv.h>
 #include <stdlib.h>
