@@ -279,5 +279,40 @@ TEST(IconvSweep, EbcdicDoubleByte) {
     ebcdic_double_mixed_text(p);
 }
 
+// A double-byte character goes out only with room for its shift bytes and
+// the terminator; otherwise the text stops before it.
+TEST(RoomEdges, EbcdicDoubleByteKeepsItsShiftIn) {
+    CodeSet* cs = load(CodeSetParam{"IBM930", "ebcdic-dbcs"});
+    ASSERT_NE(cs, nullptr);
+    const std::string text = "A\xE6\x97\xA5" "B";  // A, a kanji, B
+    const auto ref = test::iconv_convert("UTF-8", "IBM930", text);
+    ASSERT_TRUE(ref);
+    ASSERT_EQ(ref->size(), 6u);  // C1 0E xx xx 0F C2
+    const std::string kanji = ref->substr(1, 4);
+    struct Expect {
+        int room;
+        int srclen;
+        std::string out;  // bytes counted by the result
+    };
+    const Expect cases[] = {
+        {6, 5, *ref},
+        {5, 5, "\xC1" + kanji},
+        {4, 5, "\xC1"},
+        {2, 5, "\xC1"},
+        {6, -1, "\xC1" + kanji},  // the NUL then lands on the B
+        {5, -1, "\xC1"},
+        {7, -1, *ref},
+    };
+    for (const auto& e : cases) {
+        std::vector<char> dst(static_cast<std::size_t>(e.room), '#');
+        const int n = ils_from_utf8(cs, text.c_str(), e.srclen, dst.data(), e.room);
+        ASSERT_EQ(n, static_cast<int>(e.out.size())) << "room " << e.room << " srclen " << e.srclen;
+        EXPECT_EQ(std::string(dst.data(), e.out.size()), e.out) << "room " << e.room;
+        if (e.srclen == -1) {
+            EXPECT_EQ(dst[e.out.size()], '\0');
+        }
+    }
+}
+
 }  // namespace
 }  // namespace alm

@@ -180,6 +180,7 @@ TEST(Report, OnlySafeConversionsAreExpanded) {
         {"tail %-", 1, "tail %-"},
         {"NO MSG: ,,,,", 1, "NO MSG: ,,,,"},
         {"", 1, ""},
+        {"%09d|%09s", 1, "  almaccs|     2064"},
     };
     for (const auto& c : cases) EXPECT_EQ(format_record_report(c.text, "almaccs", 2064, c.code), c.want) << c.text;
     EXPECT_EQ(format_record_report(nullptr, "almaccs", 1, 1), "");
@@ -213,7 +214,7 @@ TEST(Report, CatalogTextIsExpandedWithFileLineAndCode) {
         unsetenv("LC_ALL");
         unsetenv("LC_MESSAGES");
         unsetenv("NLSPATH");
-        execl("/proc/self/exe", "test_forms", "--gtest_filter=Report.ChildConvertsAnUnknownCode",
+        execl("/proc/self/exe", "test_plan", "--gtest_filter=Report.ChildConvertsAnUnknownCode",
               static_cast<char*>(nullptr));
         _exit(3);
     });
