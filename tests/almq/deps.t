@@ -439,6 +439,11 @@ Dependencies as a tree, as JSON and as a graph.
     "resource MASTER#DBCONN" -> "AGENT1#LOADDATA.MERGE" [label="needs 1"];
   }
 
+The graph is one that dot draws, where dot is installed.
+
+  $ if command -v dot > /dev/null; then almq --dot deps | dot -Tsvg | grep -c '<svg'; else echo 1; fi
+  1
+
 A synthetic plan with dependencies between its schedules.
 
   $ almplan synth --cpus 3 --scheds 4 --jobs 3 --deps synth
