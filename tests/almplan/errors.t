@@ -176,6 +176,26 @@ Usage errors exit 2.
     almplan check PLAN
     almplan --help | --version | COMMAND --help
   [2]
+  $ almplan synth --cpus 1 --scheds 1 --jobs 1 --date 2026-11x22 out
+  almplan: --date needs YYYY-MM-DD (1971 to 2037)
+  Usage:
+    almplan build [--v1] DESC OUT
+    almplan synth --cpus N --scheds M --jobs K [--deps] [--v1] [--date YYYY-MM-DD] OUT
+    almplan fields [KIND]
+    almplan dump PLAN [--json]
+    almplan check PLAN
+    almplan --help | --version | COMMAND --help
+  [2]
+  $ almplan synth --cpus 1 --scheds 1 --jobs 1 --date 2026x11-22 out
+  almplan: --date needs YYYY-MM-DD (1971 to 2037)
+  Usage:
+    almplan build [--v1] DESC OUT
+    almplan synth --cpus N --scheds M --jobs K [--deps] [--v1] [--date YYYY-MM-DD] OUT
+    almplan fields [KIND]
+    almplan dump PLAN [--json]
+    almplan check PLAN
+    almplan --help | --version | COMMAND --help
+  [2]
   $ almplan fields nosuchkind
   almplan: unknown record kind 'nosuchkind'
   Usage:

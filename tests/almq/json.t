@@ -560,3 +560,7 @@ Names that need escaping in JSON.
   $ printf 'workstation "A\\"B"\nschedule "A\\"B" "S\\\\1"\njob "J\\tK"\n' > odd.txt
   $ almplan build odd.txt odd && almq --plan odd --json jobs
   {"alm_rec_type":19026,"sj_status":1,"sj_filler2":0,"sj_rec_version":1,"sj_rec_num":3,"sj_cont_rec":32768,"sj_cpu_id":"A\"B","sj_job_name":"JtK","sj_job_pri":{"priority":10,"orig_pri":10},"sj_schedule":"S\\1","sj_job_user":"","sj_job_acct":"","sj_job_group":"","sj_every_hhmm":0,"sj_until_time":0,"sj_flags2":0,"sj_flags":0,"sj_re_flags":0,"sj_start_time":0,"sj_time_started":0,"sj_num_depends":0,"sj_filler3":0,"sj_fname_jname":{"jcl_file":""},"sj_sched_ptr":2,"sj_prev_job_ptr":32768,"sj_next_job_ptr":32768,"sj_re_job_ptr":32768,"sj_re_prmpt_ptr":32768,"sj_restart_ptr":32768,"sj_rec_ptrs":32768,"sj_until_date":0,"sj_until_date_iso":null,"sj_sched_date":0,"sj_sched_date_iso":null,"sj_date_started":0,"sj_date_started_iso":null,"sj_elapse_time":0,"sj_est_elapse":0,"sj_cpu_time":0,"sj_job_number":0,"subdep":{"sj_depend_flags":[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0],"sj_dependencies":[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0]},"sj_filler1":[0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0]}
+  $ almq --plan odd jobs
+  WORKSTATION  SCHEDULE  JOB  STATUS  START  STARTED
+  A"B          S\1       JtK  HOLD    -      -
+  1 job

@@ -64,6 +64,12 @@ Bad command lines exit 2 with one line; help and version exit 0.
   $ almq --timeout soon cpus
   almq: option --timeout needs a number of seconds from 1 to 3600, not 'soon' (see almq --help)
   [2]
+  $ almq --timeout '' cpus
+  almq: option --timeout needs a number of seconds from 1 to 3600, not '' (see almq --help)
+  [2]
+  $ almq --wait 1234567890123456789 info
+  almq: option --wait needs a number of seconds from 0 to 3600, not '1234567890123456789' (see almq --help)
+  [2]
   $ almq --wait soon info
   almq: option --wait needs a number of seconds from 0 to 3600, not 'soon' (see almq --help)
   [2]
