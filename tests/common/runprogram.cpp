@@ -40,6 +40,9 @@ RunResult run_child(const std::function<void()>& fn) {
         if (o < 0 || e < 0 || ::dup2(o, 1) < 0 || ::dup2(e, 2) < 0) ::_exit(126);
         ::close(o);
         ::close(e);
+        // A child that hangs dies of the alarm, which outlives exec, so the
+        // test fails instead of waiting for ever.
+        ::alarm(120);
         // The child must never return into the test program.
         try {
             fn();

@@ -16,7 +16,8 @@ struct RunResult {
 };
 
 // Runs fn in a forked child whose standard output and standard error go to
-// files; the child exits 0 after fn unless fn ends it first.
+// files; the child exits 0 after fn unless fn ends it first, and is ended
+// by SIGALRM if it still runs after two minutes.
 RunResult run_child(const std::function<void()>& fn);
 
 // Runs program (a path, no shell) with args, in this process's environment.
