@@ -37,6 +37,15 @@ A catalog source compiled, its file layout, and the catalog listed back.
   $ printf '$set 3\r\n1 crlf\r\n' > crlf.msg && almcat crlf.msg crlf.cat && almcat --list crlf.cat
   $set 3
   1 crlf
+  $ almcat --list catalog/C/cobalt.cat
+  $set 1
+  1 cobalt message catalog
+  $set 50
+  35 0
+  $set 129
+  2 Internal error %d: the program ends.
+  3 The program ends after %.2f seconds of CPU time.
+  4 The program ends.
 
 Deleted sets and messages kept on request are skipped by readers.
 

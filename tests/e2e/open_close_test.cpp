@@ -34,15 +34,6 @@ std::string v2Description(const std::string& fence = "12") {
            "workstation MASTER-OF-ALL-16\n";
 }
 
-const char* const kV1Description =
-    "header\n"
-    "set sh_cpu_id CPU1\n"
-    "set sh_mast_cpu MASTER01\n"
-    "set sh_sched_date 1999-01-02\n"
-    "set sh_day_start -1\n"
-    "set sh_job_fence 0\n"
-    "workstation CPU1\n";
-
 // Sends a request and reads its reply.
 std::vector<std::string> ask(AlmClient& c, std::uint32_t type, std::uint32_t id,
                              const std::vector<std::string>& args, FrameHeader* header = nullptr) {
@@ -106,79 +97,6 @@ protected:
     AlmClient client_;
 };
 
-TEST_F(Files, OpenRepliesWithTheHeaderOfAV2Plan) {
-    FrameHeader h;
-    auto items = ask(client_, 2, 0xA1B2C3D4, {plan_}, &h);
-    ASSERT_EQ(items.size(), 9u);
-    EXPECT_EQ(h.numData, 9u);
-    EXPECT_EQ(h.dataType, 0u);
-    std::size_t body = 0;
-    for (const auto& s : items) body += s.size() + 1;
-    EXPECT_EQ(h.size, 20 + body);
-
-    EXPECT_EQ(items[0], "0");
-    EXPECT_EQ(items[1], "");
-    EXPECT_TRUE(isHandle(items[2])) << items[2];
-    EXPECT_EQ(items[3], "20261122");
-    EXPECT_EQ(items[4], "600");
-    EXPECT_EQ(items[5], "THISCPU");
-    EXPECT_EQ(items[6], "MASTER-OF-ALL-16");
-    EXPECT_EQ(items[7], "12");
-    EXPECT_EQ(items[8], "1");
-    expectCleanEnd(client_);
-}
-
-TEST_F(Files, OpenRepliesWithTheHeaderOfAV1Plan) {
-    const std::string v1 = home_.file("plans/old");
-    test::make_plan(v1, kV1Description, true);
-    auto items = openPlan(client_, v1);
-    EXPECT_EQ(items[0], "0");
-    EXPECT_EQ(items[1], "");
-    EXPECT_TRUE(isHandle(items[2]));
-    EXPECT_EQ(items[3], "19990102");
-    EXPECT_EQ(items[4], "-1");
-    EXPECT_EQ(items[5], "CPU1");
-    EXPECT_EQ(items[6], "MASTER01");
-    EXPECT_EQ(items[7], "0");
-    EXPECT_EQ(items[8], "0");
-    // A V2 plan opened afterwards gets its full 16-character names again.
-    EXPECT_EQ(openPlan(client_, plan_)[6], "MASTER-OF-ALL-16");
-    expectCleanEnd(client_);
-}
-
-TEST_F(Files, PlanDateDropsItsCenturyOnlyWhenAskedTo) {
-    const std::string v1 = home_.file("plans/old");
-    test::make_plan(v1, kV1Description, true);
-    // A V1 plan date whose midnight 32-bit seconds cannot hold: no date, 0.
-    const std::string far = home_.file("plans/far");
-    test::make_plan(far, kV1Description, true);
-    {
-        const unsigned char ccyymmdd[4] = {0x22, 0xCA, 0x3C, 0x01};  // 20761122, little-endian
-        const int fd = ::open(far.c_str(), O_WRONLY);
-        ASSERT_GE(fd, 0);
-        EXPECT_EQ(::pwrite(fd, ccyymmdd, sizeof ccyymmdd, 112), 4);  // sh_sched_date of the V1 header
-        ::close(fd);
-    }
-    const struct {
-        const char* env;
-        const char* v2date;
-        const char* v1date;
-    } cases[] = {{"UNIDATESTRIP=0", "261122", "990102"},
-                 {"UNIDATESTRIP=1", "20261122", "19990102"},
-                 {nullptr, "20261122", "19990102"}};
-    for (const auto& k : cases) {
-        AlmClient c;
-        SpawnOptions opts;
-        if (k.env != nullptr) opts.extraEnv.push_back(k.env);
-        ASSERT_TRUE(startServer(c, home_, opts));
-        EXPECT_EQ(openPlan(c, plan_)[3], k.v2date) << (k.env ? k.env : "unset");
-        EXPECT_EQ(openPlan(c, v1)[3], k.v1date) << (k.env ? k.env : "unset");
-        EXPECT_EQ(openPlan(c, far)[3], "0") << (k.env ? k.env : "unset");
-        expectCleanEnd(c);
-    }
-    expectCleanEnd(client_);
-}
-
 TEST_F(Files, FenceIsCutToFourCharacterField) {
     const struct {
         const char* fence;
@@ -191,18 +109,6 @@ TEST_F(Files, FenceIsCutToFourCharacterField) {
         test::make_plan(p, v2Description(k.fence));
         EXPECT_EQ(openPlan(client_, p)[7], k.shown) << k.fence;
     }
-    expectCleanEnd(client_);
-}
-
-TEST_F(Files, MissingFileAnswersCode35WithTheCatalogText) {
-    const std::string missing = home_.file("plans/nothere");
-    auto items = openPlan(client_, missing);
-    const std::vector<std::string> rest(items.begin() + 2, items.end());
-    EXPECT_EQ(items[0], "35");
-    const std::string text = catalogText(kCatalog, kPlanMsgSet, 35, {missing, "2"});
-    ASSERT_FALSE(text.empty());
-    EXPECT_NE(items[1].find(text), std::string::npos) << items[1];
-    EXPECT_EQ(rest, (std::vector<std::string>{"0", "0", "0", "", "", "0", "0"}));
     expectCleanEnd(client_);
 }
 
@@ -329,15 +235,6 @@ TEST_F(Files, PathsLongerThan1024CharactersGetNoReply) {
     const auto items = openPlan(client_, path, 72);
     EXPECT_EQ(items[0], "35");
     EXPECT_EQ(items[2], "0");
-    expectCleanEnd(client_);
-}
-
-TEST_F(Files, WrongArgumentCountsGetNoReply) {
-    const std::vector<std::pair<std::uint32_t, std::vector<std::string>>> requests = {
-        {2, {}}, {2, {plan_, plan_}}, {3, {}}, {3, {"1", "2"}}};
-    for (const auto& [type, args] : requests) ASSERT_OK(client_.send(type, 40, args));
-    expectNopNext(client_, 41);
-    EXPECT_EQ(probeLock(plan_, 0, 1).type, F_UNLCK);  // nothing was opened
     expectCleanEnd(client_);
 }
 

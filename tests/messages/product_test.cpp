@@ -99,13 +99,5 @@ TEST(ProductCatalogs, RequestReadErrorLine) {
     EXPECT_EQ(r.err, "QFR22160009I Read error on the request id of a request: the service ends.\n");
 }
 
-TEST(ProductCatalogs, ListingShowsTheSources) {
-    RunResult r = run_command(almcat_path() + " --list " + BUILD_HOME + "/catalog/C/cobalt.cat");
-    EXPECT_EQ(r.out,
-              "$set 1\n1 cobalt message catalog\n$set 50\n35 0\n$set 129\n"
-              "2 Internal error %d: the program ends.\n"
-              "3 The program ends after %.2f seconds of CPU time.\n4 The program ends.\n");
-}
-
 }  // namespace
 }  // namespace alm::msgtest
