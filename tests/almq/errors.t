@@ -43,6 +43,11 @@ Lines the server writes on its standard error come marked as its own.
   almread: catopen on ...
   almq: cannot open plan missing: NO MSG: $HOME/missing,2,0,0,0 open failed 2 [QFR20720035]
   $ mv nocatalog catalog
+  $ mv catalog/C/kestrel.cat k.cat && mkdir catalog/C/kestrel.cat
+  $ almq --plan missing info 2>&1 | sed 's/catopen on .*/catopen on .../'
+  almread: catopen on ...
+  almq: cannot open plan missing: NO MSG: $HOME/missing,2,0,0,0 open failed 2 [QFR20720035]
+  $ rmdir catalog/C/kestrel.cat && mv k.cat catalog/C/kestrel.cat
 
 A reply that breaks off: no table at all; JSON lines each whole.
 

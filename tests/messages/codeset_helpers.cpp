@@ -97,23 +97,4 @@ std::string utf8_of(std::uint32_t cp) {
     return s;
 }
 
-std::vector<unsigned char> TableImage::bytes() const {
-    const std::size_t natural =
-        rows.empty() ? 1760 : std::max<std::size_t>(1760, std::size_t{row_offset} + 2 * rows.size());
-    std::vector<unsigned char> b(size_override != 0 ? size_override : natural, 0);
-    std::vector<unsigned char> full(std::max(natural, b.size()), 0);
-    // Rows first: a row area laid over the header loses to it.
-    for (std::size_t i = 0; i < rows.size(); ++i) store_host16(full.data() + row_offset + 2 * i, rows[i]);
-    store_host32(full.data(), row_offset);
-    std::memcpy(full.data() + 8, "ucv", 3);
-    store_host16(full.data() + 48, type);
-    store_host16(full.data() + 50, mark);
-    for (std::size_t i = 0; i < 256; ++i) {
-        store_host16(full.data() + 736 + 2 * i, entries[i]);
-        full[1248 + i] = lengths[i];
-    }
-    std::memcpy(b.data(), full.data(), b.size());
-    return b;
-}
-
 }  // namespace alm::test

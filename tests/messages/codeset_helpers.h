@@ -3,7 +3,6 @@
 // directories and whole files come from the shared test support.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -43,18 +42,5 @@ std::optional<std::string> iconv_convert(const char* from, const char* to, const
                                          bool* incomplete = nullptr);
 
 std::string utf8_of(std::uint32_t cp);
-
-// Hand-made table images for the loader and converter edge cases.
-struct TableImage {
-    std::uint32_t row_offset = 1760;
-    std::uint16_t type = 1;
-    std::uint16_t mark = 0;
-    std::array<std::uint16_t, 256> entries{};
-    std::array<std::uint8_t, 256> lengths{};
-    std::vector<std::uint16_t> rows;
-    std::size_t size_override = 0;  // 0: header plus rows
-
-    std::vector<unsigned char> bytes() const;
-};
 
 }  // namespace alm::test

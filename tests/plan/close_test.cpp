@@ -44,6 +44,9 @@ TEST_F(CloseTest, NullOrDeadHandleGives7) {
     EXPECT_EQ(alm_close(ca, 0, &err, msg, sizeof msg), ALM_E_HANDLE);
     EXPECT_EQ(err, ALM_E_HANDLE);
     EXPECT_NE(std::string(msg).find("20720007"), std::string::npos) << msg;
+    char untouched[4] = "abc";  // a buffer of no length gets nothing
+    EXPECT_EQ(alm_close(ca, 0, &err, untouched, 0), ALM_E_HANDLE);
+    EXPECT_STREQ(untouched, "abc");
 
     alm_comarea fake;  // never opened: no magic
     alm_comarea* p = &fake;

@@ -78,5 +78,17 @@ TEST(get_nls_fmt, FetchedOnceFromTheLocale) {
     EXPECT_EQ(get_nls_fmt(), fmt);
 }
 
+// Day numbers within a year under the leap rules of 2000 and 2024, carried
+// into the next year when past its end; day 0 is the eve of the year.
+TEST(yyjjj_to_yymmdd, DayOfYear) {
+    ScopedTz tz("UTC");
+    dte_out_fmt(0);
+    const std::int32_t cases[][2] = {{2026001, 20260101}, {2026060, 20260301}, {2024060, 20240229},
+                                     {2000060, 20000229}, {2023366, 20240101}, {2024466, 20250409},
+                                     {2026000, 20251231}};
+    for (const auto& c : cases) EXPECT_EQ(yyjjj_to_yymmdd(c[0]), c[1]) << c[0];
+    out_dte_fmt = -1;
+}
+
 }  // namespace
 }  // namespace alm
