@@ -13,6 +13,7 @@
 #include "messages/codeset.h"
 #include "messages/issuemsg.h"
 #include "plan/almforms.h"
+#include "util/bytecopy.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
 #include "util/patmatch.h"
@@ -116,7 +117,7 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, st
 
     *stored = static_cast<std::int16_t>(load_le16(src));
     if (!dated && version == 1 && *stored == SJ_CODE)
-        std::memcpy(buffer, src, ALM_REC_SIZE_V2);
+        copy_bytes(buffer, src, ALM_REC_SIZE_V2);
     else
         alm_i_2_e_bytes(src, buffer, version);
 

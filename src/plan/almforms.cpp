@@ -9,6 +9,7 @@
 
 #include "plan/almforms_v1.h"
 #include "plan/unknownrecord.h"
+#include "util/bytecopy.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
 
@@ -92,7 +93,7 @@ void read_record(V1Kind kind, std::span<const DateField> dates, const unsigned c
                  std::int16_t alm_version) {
     if (alm_version != kV1 && alm_version != kV2) return;
     if (alm_version == kV2) {
-        if (src != dst) std::memcpy(dst, src, ALM_REC_SIZE_V2);
+        if (src != dst) copy_bytes(dst, src, ALM_REC_SIZE_V2);
         dates_to_gmt(dst, dates);
         return;
     }

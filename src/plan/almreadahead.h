@@ -50,7 +50,7 @@ struct alm_read_ahead_state {
     // Two blocks of up to 512 V2 records, so that a walk looking one record
     // back across a block boundary still finds it. Blocks this large copy
     // the page cache at close to its full speed.
-    static constexpr std::size_t kBlockBytes = 256 * 1024;
+    static constexpr std::size_t kBlockBytes = 64 * 1024;
     static constexpr std::size_t kFirstBlockBytes = 8 * 1024;
     // Records read on their own, by position in the file modulo the count.
     static constexpr std::size_t kKeptRecords = 4096;

@@ -33,7 +33,7 @@ public:
     int error() const { return errno_; }
 
 private:
-    static constexpr std::size_t kBlockBytes = 256 * 1024;
+    static constexpr std::size_t kBlockBytes = 64 * 1024;
     static constexpr int kBlocks = 4;
     struct Block {
         std::uint64_t index = 0;

@@ -22,7 +22,7 @@ std::FILE* out() { return replyStream ? replyStream : stdout; }
 // is put into its wire form where it will be sent from, and no stream
 // buffer copies it again. Messages keep going through the C library's
 // stream, which a reply flushes before its first byte.
-constexpr std::size_t REPLY_BUFFER_BYTES = 256u << 10;
+constexpr std::size_t REPLY_BUFFER_BYTES = 64u << 10;
 constexpr std::size_t PIPE_BYTES = 1u << 20;
 unsigned char pending[REPLY_BUFFER_BYTES];
 std::size_t pendingBytes = 0;

@@ -11,6 +11,7 @@
 #include "queries/queryargs.h"
 #include "queries/recordreply.h"
 #include "queries/wireform.h"
+#include "util/bytecopy.h"
 
 namespace alm {
 
@@ -58,7 +59,7 @@ Found countJobs(alm_comarea* ca, const JobPatterns& p) {
 
 void sendJob(const SJ_RECTYPE& sj) {
     unsigned char* rec = readerReserveBlock(RecordBuffer::kRecordBytes);
-    std::memcpy(rec, &sj, RecordBuffer::kRecordBytes);
+    copy_bytes(rec, &sj, RecordBuffer::kRecordBytes);
     ConvertJobReply(rec);
 }
 

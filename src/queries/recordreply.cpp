@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "protocol/write.h"
+#include "util/bytecopy.h"
 
 namespace alm {
 
@@ -21,7 +22,7 @@ unsigned char* RecordBuffer::append(const void* source) {
         capacity_ = grown;
     }
     unsigned char* slot = record(count_);
-    std::memcpy(slot, source, kRecordBytes);
+    copy_bytes(slot, source, kRecordBytes);
     ++count_;
     return slot;
 }

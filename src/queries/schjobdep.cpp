@@ -10,6 +10,7 @@
 #include "queries/queries.h"
 #include "queries/queryargs.h"
 #include "queries/wireform.h"
+#include "util/bytecopy.h"
 #include "util/strutil.h"
 
 namespace alm {
@@ -83,7 +84,7 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
         alm_each_job(ca, cpu, schedule, jobPattern, Visit::kSends, [](void* context, const SJ_RECTYPE& sj, std::uint32_t) {
             auto& j = *static_cast<Jobs*>(context);
             const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
-            j.job = sj;
+            copy_bytes(&j.job, &sj, sizeof j.job);
             std::uint32_t link = j.job.sj_restart_ptr;
             j.visit.job(j.job);
             alm_walk restarts;
