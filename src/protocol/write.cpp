@@ -2,13 +2,14 @@
 #include "protocol/write.h"
 
 #include <fcntl.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 
 #include "util/pages.h"
-
 
 namespace alm {
 
@@ -18,32 +19,99 @@ std::FILE* replyStream = nullptr;
 
 std::FILE* out() { return replyStream ? replyStream : stdout; }
 
-// Replies are gathered here and leave with one write per megabyte: a record
-// is put into its wire form where it will be sent from, and no stream
-// buffer copies it again. Messages keep going through the C library's
-// stream, which a reply flushes before its first byte.
-constexpr std::size_t REPLY_BUFFER_BYTES = 64u << 10;
+// Replies are gathered in chunks and leave with one system call per chunk:
+// a record is put into its wire form where it will be sent from, and no
+// stream buffer copies it again. Messages keep going through the C
+// library's stream, which a reply flushes before its first byte.
+constexpr std::size_t CHUNK_BYTES = 64u << 10;
 constexpr std::size_t PIPE_BYTES = 1u << 20;
-unsigned char pending[REPLY_BUFFER_BYTES];
+
+// Where standard output is a pipe, full chunks are handed to it by
+// reference (vmsplice): the reader copies them out of our pages, and
+// nothing copies them into the pipe. A page handed over must not change
+// until the reader has taken it, so chunks rotate through a ring larger
+// than the pipe: the pipe holds at most its size in bytes, so everything
+// sent more than that many bytes ago has been read. Before a ring chunk
+// is filled again, that is checked against the pipe's size as it is then;
+// when it does not hold (a reader that enlarged the pipe), or for short
+// flushes, the bytes are copied into the pipe by write as before. A reader
+// that moved the pages on with splice or tee instead of reading them could
+// see them change; the manual page says so.
+constexpr std::size_t RING_CHUNKS = 32;
+constexpr std::size_t SPLICE_MIN_BYTES = 16u << 10;
+alignas(4096) unsigned char ring[RING_CHUNKS * CHUNK_BYTES];
+alignas(4096) unsigned char copied[CHUNK_BYTES];
+std::uint64_t ringChunkEnd[RING_CHUNKS];  // stream position after each chunk's last send
+bool ringTouched[RING_CHUNKS];
+std::size_t ringNext = 0;
+bool splicing = false;
+std::uint64_t sentBytes = 0;  // reply bytes put into the pipe, by either way
+
+unsigned char* pending = copied;
 std::size_t pendingBytes = 0;
+
+bool inRing(const unsigned char* p) { return p >= ring && p < ring + sizeof ring; }
+
+// Sends by reference what it can; false once that fails, leaving the
+// rest (from *data, *length) to be copied.
+bool spliceAll(const unsigned char*& data, std::size_t& length) {
+#ifdef SPLICE_F_GIFT
+    while (length > 0) {
+        iovec iov{const_cast<unsigned char*>(data), length};
+        const ssize_t n = ::vmsplice(STDOUT_FILENO, &iov, 1, 0);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return false;
+        data += n;
+        length -= static_cast<std::size_t>(n);
+        sentBytes += static_cast<std::uint64_t>(n);
+    }
+    return true;
+#else
+    (void)data;
+    (void)length;
+    return false;
+#endif
+}
 
 void writeAll(const unsigned char* data, std::size_t length) {
     if (replyStream != nullptr) {
         std::fwrite(data, 1, length, replyStream);
         return;
     }
+    if (splicing && inRing(data) && length >= SPLICE_MIN_BYTES && spliceAll(data, length)) return;
     while (length > 0) {
         const ssize_t n = ::write(STDOUT_FILENO, data, length);
         if (n < 0 && errno == EINTR) continue;
         if (n <= 0) return;  // write errors are ignored, as for every reply
         data += n;
         length -= static_cast<std::size_t>(n);
+        sentBytes += static_cast<std::uint64_t>(n);
+    }
+}
+
+// The buffer the next chunk is gathered in: the next ring chunk when the
+// pipe has surely taken what was last sent from it, else the copied one.
+void startChunk() {
+    pending = copied;
+    if (!splicing) return;
+    const int pipeBytes = ::fcntl(STDOUT_FILENO, F_GETPIPE_SZ);
+    const std::size_t i = ringNext;
+    if (pipeBytes <= 0) return;
+    if (ringTouched[i] && ringChunkEnd[i] + static_cast<std::uint64_t>(pipeBytes) > sentBytes) return;
+    pending = ring + i * CHUNK_BYTES;
+    ringNext = (i + 1) % RING_CHUNKS;
+    if (!ringTouched[i]) {
+        prefault(pending, CHUNK_BYTES);
+        ringTouched[i] = true;
     }
 }
 
 void flushPending() {
+    if (pendingBytes == 0) return;
     writeAll(pending, pendingBytes);
+    if (inRing(pending)) ringChunkEnd[(pending - ring) / CHUNK_BYTES] = sentBytes;
     pendingBytes = 0;
+    startChunk();
 }
 
 // Replies beyond this size bring the rest of the buffer in at once.
@@ -53,10 +121,10 @@ bool prefaulted = false;
 unsigned char* reserve(std::size_t length) {
     if (pendingBytes == 0) std::fflush(out());
     if (!prefaulted && pendingBytes + length > SMALL_REPLY_BYTES) {
-        prefault(pending, sizeof pending);
+        prefault(copied, sizeof copied);
         prefaulted = true;
     }
-    if (length > REPLY_BUFFER_BYTES - pendingBytes) flushPending();
+    if (length > CHUNK_BYTES - pendingBytes) flushPending();
     unsigned char* at = pending + pendingBytes;
     pendingBytes += length;
     return at;
@@ -64,7 +132,7 @@ unsigned char* reserve(std::size_t length) {
 
 void put(const void* data, std::size_t length) {
     const auto* bytes = static_cast<const unsigned char*>(data);
-    if (length >= REPLY_BUFFER_BYTES) {
+    if (length >= CHUNK_BYTES) {
         // What fills the buffer alone goes out from where it lies.
         if (pendingBytes == 0) std::fflush(out());
         flushPending();
@@ -105,8 +173,10 @@ void readerInitOutput() {
 #ifdef F_SETPIPE_SZ
     // A larger pipe takes a whole buffer in one write and lets the reader
     // take as much in one read; where it cannot be had the default serves.
-    if (::fcntl(STDOUT_FILENO, F_GETPIPE_SZ) > 0)
+    if (::fcntl(STDOUT_FILENO, F_GETPIPE_SZ) > 0) {
         ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(PIPE_BYTES));
+        splicing = true;
+    }
 #endif
 }
 

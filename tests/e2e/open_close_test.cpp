@@ -11,6 +11,8 @@
 
 #include "client/almclient.h"
 #include "common/child_process.h"
+#include "common/files.h"
+#include "common/frames.h"
 #include "common/runprogram.h"
 #include "e2e/home.h"
 
@@ -298,6 +300,38 @@ TEST(CutPlan, LongListingsStayWhole) {
         EXPECT_GT(zeros, c.count / 2);
         expectNopNext(s, 42);
     }
+}
+
+
+// Long replies are handed to the pipe by reference from a ring of buffers,
+// each filled again only once the pipe has been read past it: a reader that
+// takes its time still gets the bytes that a plain file gets.
+TEST(LongReplies, ASlowReaderGetsTheBytesAFileGets) {
+    TempHome home;
+    ASSERT_TRUE(home.ok());
+    const std::string plan = home.file("big");
+    ASSERT_EQ(test::run_program(test::built_program("almplan"),
+                                {"synth", "--cpus", "1", "--scheds", "10", "--jobs", "1000", plan}).status, 0);
+    const std::string listing = test::request(6, 2, {"1", "@", "@", "@"});
+    const std::string requests = home.file("requests");
+    const std::string reference = home.file("reference");
+    test::write_file(requests, test::request(2, 1, {plan}) + listing);
+    ASSERT_EQ(test::run_program("/bin/sh", {"-c", "exec \"$0\" <\"$1\" >\"$2\"", test::built_program("almread"),
+                                            requests, reference}).status, 0);
+    const std::string expected = test::read_file(reference);
+
+    AlmClient s;
+    ASSERT_TRUE(startServer(s, home));
+    openPlan(s, plan, 1);
+    ASSERT_OK(s.sendRaw(listing));
+    const std::size_t start = expected.size() - 24 - 10000 * 512;  // the listing's reply
+    std::string got(expected.size() - start, '\0');
+    for (std::size_t at = 0; at < got.size(); at += 4096) {
+        if (at % (1u << 20) == (64u << 10)) ::usleep(50000);  // the server fills the pipe meanwhile
+        ASSERT_OK(s.readExact(got.data() + at, std::min<std::size_t>(4096, got.size() - at), kWaitMs));
+    }
+    EXPECT_TRUE(got == expected.substr(start)) << "the listing differs from the file's";
+    expectNopNext(s, 3);
 }
 
 }  // namespace
