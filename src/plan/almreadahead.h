@@ -42,7 +42,7 @@ struct alm_sched_index_free {
     void operator()(alm_sched_index* index) const noexcept;
 };
 
-// What a session keeps while a scope is open, at most about 2.6 MiB. A
+// What a session keeps while a scope is open, at most about 0.7 MiB. A
 // short request touches little of it: the first block is small and each one
 // after it twice as large, and a record read on its own is kept only when it
 // is read a second time.
@@ -53,7 +53,7 @@ struct alm_read_ahead_state {
     static constexpr std::size_t kBlockBytes = 64 * 1024;
     static constexpr std::size_t kFirstBlockBytes = 8 * 1024;
     // Records read on their own, by position in the file modulo the count.
-    static constexpr std::size_t kKeptRecords = 4096;
+    static constexpr std::size_t kKeptRecords = 1024;
     static constexpr std::size_t kKeptBytes = 512;
 
     struct Block {

@@ -37,7 +37,7 @@ constexpr std::size_t PIPE_BYTES = 1u << 20;
 // flushes, the bytes are copied into the pipe by write as before. A reader
 // that moved the pages on with splice or tee instead of reading them could
 // see them change; the manual page says so.
-constexpr std::size_t RING_CHUNKS = 32;
+constexpr std::size_t RING_CHUNKS = 20;  // 1.25 MiB: the 1 MiB pipe and a few chunks more
 constexpr std::size_t SPLICE_MIN_BYTES = 16u << 10;
 alignas(4096) unsigned char ring[RING_CHUNKS * CHUNK_BYTES];
 alignas(4096) unsigned char copied[CHUNK_BYTES];

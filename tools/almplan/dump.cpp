@@ -86,7 +86,12 @@ public:
             text("kind", kind_name(code));
             text("code", code_text(code));
         } else {
-            out_ += "#" + std::to_string(recnum) + " " + kind_name(code) + " " + code_text(code);
+            out_ += '#';
+            out_ += std::to_string(recnum);
+            out_ += ' ';
+            out_ += kind_name(code);
+            out_ += ' ';
+            out_ += code_text(code);
         }
     }
     std::string end() {
