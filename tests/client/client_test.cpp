@@ -136,5 +136,13 @@ TEST(Client, SmallReadsOfALongStream) {
     EXPECT_EQ(finish(c), 0);
 }
 
+TEST(Client, SendingToAServerThatClosedItsInputFails) {
+    AlmClient c;
+    ASSERT_OK(startShell(c, "exec 0<&-; sleep 30"));
+    EXPECT_STATUS(c.sendRaw(std::string(4 << 20, 'x')), ClientStatus::IoError);
+    EXPECT_EQ(c.lastErrno(), EPIPE);
+    c.kill(SIGKILL);
+}
+
 }  // namespace
 }  // namespace alm
