@@ -138,7 +138,7 @@ TEST(Client, SmallReadsOfALongStream) {
 
 TEST(Client, SendingToAServerThatClosedItsInputFails) {
     AlmClient c;
-    ASSERT_OK(startShell(c, "exec 0<&-; sleep 30"));
+    ASSERT_OK(startShell(c, "exec 0<&-; exec sleep 30"));
     EXPECT_STATUS(c.sendRaw(std::string(4 << 20, 'x')), ClientStatus::IoError);
     EXPECT_EQ(c.lastErrno(), EPIPE);
     c.kill(SIGKILL);
