@@ -52,10 +52,20 @@ std::size_t pendingBytes = 0;
 
 bool inRing(const unsigned char* p) { return p >= ring && p < ring + sizeof ring; }
 
+// The size of the pipe on standard output, or -1 where it is no pipe (or
+// the system cannot tell).
+int pipeSize() {
+#ifdef F_GETPIPE_SZ
+    return ::fcntl(STDOUT_FILENO, F_GETPIPE_SZ);
+#else
+    return -1;
+#endif
+}
+
 // Sends by reference what it can; false once that fails, leaving the
 // rest (from *data, *length) to be copied.
 bool spliceAll(const unsigned char*& data, std::size_t& length) {
-#ifdef SPLICE_F_GIFT
+#ifdef F_SETPIPE_SZ
     while (length > 0) {
         iovec iov{const_cast<unsigned char*>(data), length};
         const ssize_t n = ::vmsplice(STDOUT_FILENO, &iov, 1, 0);
@@ -94,9 +104,9 @@ void writeAll(const unsigned char* data, std::size_t length) {
 void startChunk() {
     pending = copied;
     if (!splicing) return;
-    const int pipeBytes = ::fcntl(STDOUT_FILENO, F_GETPIPE_SZ);
-    const std::size_t i = ringNext;
+    const int pipeBytes = pipeSize();
     if (pipeBytes <= 0) return;
+    const std::size_t i = ringNext;
     if (ringTouched[i] && ringChunkEnd[i] + static_cast<std::uint64_t>(pipeBytes) > sentBytes) return;
     pending = ring + i * CHUNK_BYTES;
     ringNext = (i + 1) % RING_CHUNKS;
@@ -173,7 +183,7 @@ void readerInitOutput() {
 #ifdef F_SETPIPE_SZ
     // A larger pipe takes a whole buffer in one write and lets the reader
     // take as much in one read; where it cannot be had the default serves.
-    if (::fcntl(STDOUT_FILENO, F_GETPIPE_SZ) > 0) {
+    if (pipeSize() > 0) {
         ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(PIPE_BYTES));
         splicing = true;
     }
