@@ -13,6 +13,8 @@
 #include <chrono>
 #include <cstring>
 
+#include "util/fdio.h"
+
 extern char** environ;
 
 namespace alm {
@@ -60,17 +62,7 @@ int writeAllNoSigpipe(int fd, const char* data, std::size_t length) {
     sigpending(&pending);
     const bool wasPending = sigismember(&pending, SIGPIPE) == 1;
 
-    int err = 0;
-    while (length > 0) {
-        const ssize_t n = ::write(fd, data, length);
-        if (n < 0) {
-            if (errno == EINTR) continue;
-            err = errno;
-            break;
-        }
-        data += n;
-        length -= static_cast<std::size_t>(n);
-    }
+    const int err = write_full(fd, data, length);
     if (err == EPIPE && !wasPending) {
         const timespec zero{};
         while (sigtimedwait(&pipeSet, nullptr, &zero) < 0 && errno == EINTR) {
@@ -226,11 +218,7 @@ struct SpawnPipes {
 // its exec closed the report pipe.
 bool childFailed(SpawnPipes& pipes, int& childErrno) {
     SpawnPipes::closeOne(pipes.report[1]);
-    ssize_t n;
-    do {
-        n = ::read(pipes.report[0], &childErrno, sizeof childErrno);
-    } while (n < 0 && errno == EINTR);
-    return n > 0;
+    return read_retry(pipes.report[0], &childErrno, sizeof childErrno) > 0;
 }
 
 }  // namespace
@@ -344,12 +332,9 @@ ClientStatus AlmClient::readExact(void* buffer, std::size_t length, int timeoutM
         // Large reads go straight to the caller; small ones fill the buffer.
         const bool direct = length - done >= kReadAheadBytes;
         if (!direct && !readAhead_) readAhead_ = std::make_unique_for_overwrite<unsigned char[]>(kReadAheadBytes);
-        const ssize_t n = direct ? ::read(fromServer_, dst + done, length - done)
-                                 : ::read(fromServer_, readAhead_.get(), kReadAheadBytes);
-        if (n < 0) {
-            if (errno == EINTR || errno == EAGAIN) continue;
-            return finish(fail(errno));
-        }
+        const ssize_t n = direct ? read_retry(fromServer_, dst + done, length - done)
+                                 : read_retry(fromServer_, readAhead_.get(), kReadAheadBytes);
+        if (n < 0) return finish(fail(errno));
         if (n == 0) return finish(ClientStatus::Eof);
         if (direct) {
             done += static_cast<std::size_t>(n);
@@ -396,11 +381,8 @@ ClientStatus AlmClient::readFd(int fd, std::string& out, int timeoutMs) {
             if (ready < 0) return fail(errno);
             if (ready == 0) return ClientStatus::Timeout;
         }
-        const ssize_t n = ::read(fd, chunk, sizeof chunk);
-        if (n < 0) {
-            if (errno == EINTR || errno == EAGAIN) continue;
-            return fail(errno);
-        }
+        const ssize_t n = read_retry(fd, chunk, sizeof chunk);
+        if (n < 0) return fail(errno);
         if (n == 0) return ClientStatus::Ok;
         out.append(chunk, static_cast<std::size_t>(n));
     }

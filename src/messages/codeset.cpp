@@ -5,12 +5,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 
 #include "messages/codeset_tables.h"
 #include "util/endian.h"
+#include "util/fdio.h"
 
 namespace alm {
 
@@ -142,14 +142,8 @@ bool read_file(const std::string& path, std::vector<unsigned char>& out) {
     if (::fstat(fd.get(), &st) != 0 || !S_ISREG(st.st_mode)) return false;
     if (st.st_size < 0 || static_cast<unsigned long long>(st.st_size) > kTableMaxSize) return false;
     out.assign(static_cast<std::size_t>(st.st_size), 0);
-    std::size_t got = 0;
-    while (got < out.size()) {
-        const ssize_t r = ::read(fd.get(), out.data() + got, out.size() - got);
-        if (r < 0 && errno == EINTR) continue;
-        if (r <= 0) break;
-        got += static_cast<std::size_t>(r);
-    }
-    out.resize(got);  // a file that shrank while read is taken as it is
+    const ssize_t got = read_full(fd.get(), out.data(), out.size());
+    out.resize(got < 0 ? 0 : static_cast<std::size_t>(got));  // a file that shrank while read is taken as it is
     return true;
 }
 

@@ -6,13 +6,13 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <new>
 
 #include "messages/catalogfile.h"
 #include "messages/codeset.h"
 #include "messages/msgstream.h"
+#include "util/fdio.h"
 
 namespace alm {
 
@@ -34,16 +34,7 @@ nim_catd to_handle(const MCCatT* cat) { return reinterpret_cast<nim_catd>(cat); 
 
 // Reads exactly len bytes at off; false on any shortfall.
 bool read_at(int fd, std::int64_t off, void* buf, std::size_t len) {
-    if (off < 0) return false;
-    auto* p = static_cast<unsigned char*>(buf);
-    std::size_t done = 0;
-    while (done < len) {
-        ssize_t n = ::pread(fd, p + done, len - done, static_cast<off_t>(off) + static_cast<off_t>(done));
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) return false;
-        done += static_cast<std::size_t>(n);
-    }
-    return true;
+    return pread_full(fd, buf, len, static_cast<off_t>(off)) == static_cast<ssize_t>(len);
 }
 
 bool in_file(const MCCatT* cat, std::int64_t off, std::int64_t len) {

@@ -16,6 +16,7 @@
 #include "util/bytecopy.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
+#include "util/fdio.h"
 #include "util/patmatch.h"
 
 namespace alm {
@@ -50,14 +51,6 @@ int kind_slot(const alm_comarea* ca, std::int16_t code) {
     for (int i = 0; i < ALM_NUM_KINDS; ++i)
         if (ca->rec_types[i] == code) return i;
     return -1;
-}
-
-ssize_t pwrite_retry(int fd, const void* buf, std::size_t len, off_t off) {
-    ssize_t n;
-    do {
-        n = ::pwrite(fd, buf, len, off);
-    } while (n < 0 && errno == EINTR);
-    return n;
 }
 
 bool is_production_name(const char* path) {

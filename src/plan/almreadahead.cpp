@@ -1,14 +1,12 @@
 // What a session keeps of the plan file while a query walks it.
 #include "plan/almreadahead.h"
 
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
 #include <memory>
 #include <new>
 
 #include "plan/almaccs.h"
+#include "util/fdio.h"
 #include "util/pages.h"
 
 namespace alm {
@@ -22,14 +20,6 @@ std::size_t kept_slot(off_t off, std::size_t len) {
 }
 
 }  // namespace
-
-ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off) {
-    ssize_t n;
-    do {
-        n = ::pread(fd, buf, len, off);
-    } while (n < 0 && errno == EINTR);
-    return n;
-}
 
 alm_read_ahead::alm_read_ahead(alm_comarea* ca) {
     if (!alm_valid(ca)) return;

@@ -81,9 +81,6 @@ struct alm_read_ahead_state {
     std::unique_ptr<alm_sched_index, alm_sched_index_free> sched_index;
 };
 
-// pread on a descriptor, retried when a signal interrupts it.
-ssize_t pread_retry(int fd, void* buf, std::size_t len, off_t off);
-
 // pread of len bytes at off from the session's file, retried on EINTR,
 // through what the session keeps when a scope is open. The result is what a
 // single pread of those bytes would return (or returned when first read).

@@ -7,6 +7,8 @@
 
 #include <cerrno>
 
+#include "util/fdio.h"
+
 namespace alm {
 
 PlanRecords::~PlanRecords() {
@@ -49,21 +51,14 @@ PlanRecords::Block* PlanRecords::load(std::uint64_t index) {
         if (victim->filled > 0 && (b.filled == 0 || b.used < victim->used)) victim = &b;
     }
     if (!victim->bytes) victim->bytes = std::make_unique<unsigned char[]>(kBlockBytes);
-    std::size_t got = 0;
-    const auto base = static_cast<off_t>(index * kBlockBytes);
-    while (got < kBlockBytes) {
-        const ssize_t n = ::pread(fd_, victim->bytes.get() + got, kBlockBytes - got, base + static_cast<off_t>(got));
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) {
-            errno_ = errno;
-            victim->filled = 0;
-            return nullptr;
-        }
-        if (n == 0) break;
-        got += static_cast<std::size_t>(n);
+    const ssize_t got = pread_full(fd_, victim->bytes.get(), kBlockBytes, static_cast<off_t>(index * kBlockBytes));
+    if (got < 0) {
+        errno_ = errno;
+        victim->filled = 0;
+        return nullptr;
     }
     victim->index = index;
-    victim->filled = got;
+    victim->filled = static_cast<std::size_t>(got);
     victim->used = ++clock_;
     return victim;
 }

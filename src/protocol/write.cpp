@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "util/fdio.h"
 #include "util/pages.h"
 
 namespace alm {
@@ -89,14 +90,8 @@ void writeAll(const unsigned char* data, std::size_t length) {
         return;
     }
     if (splicing && inRing(data) && length >= SPLICE_MIN_BYTES && spliceAll(data, length)) return;
-    while (length > 0) {
-        const ssize_t n = ::write(STDOUT_FILENO, data, length);
-        if (n < 0 && errno == EINTR) continue;
-        if (n <= 0) return;  // write errors are ignored, as for every reply
-        data += n;
-        length -= static_cast<std::size_t>(n);
-        sentBytes += static_cast<std::uint64_t>(n);
-    }
+    // Write errors are ignored, as for every reply: the reader has gone.
+    if (write_full(STDOUT_FILENO, data, length) == 0) sentBytes += length;
 }
 
 // The buffer the next chunk is gathered in: the next ring chunk when the

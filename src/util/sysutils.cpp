@@ -13,6 +13,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "util/fdio.h"
 #include "util/patmatch.h"
 
 namespace alm {
@@ -29,19 +30,6 @@ namespace {
 bool set_cloexec(int fd) {
     int fl = fcntl(fd, F_GETFD);
     return fl != -1 && fcntl(fd, F_SETFD, fl | FD_CLOEXEC) != -1;
-}
-
-bool write_all(int fd, const char* p, std::size_t n) {
-    while (n > 0) {
-        ssize_t w = write(fd, p, n);
-        if (w < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        p += w;
-        n -= static_cast<std::size_t>(w);
-    }
-    return true;
 }
 
 // Body of the listing child: collect, sort, write one path per line.
@@ -69,11 +57,11 @@ void list_directory(int wfd, const char* directory, const char* pattern, bool de
         out += k;
         out += '\n';
         if (out.size() >= 8192) {
-            if (!write_all(wfd, out.data(), out.size())) return;
+            if (write_full(wfd, out.data(), out.size()) != 0) return;
             out.clear();
         }
     }
-    write_all(wfd, out.data(), out.size());
+    write_full(wfd, out.data(), out.size());
 }
 
 [[noreturn]] void run_child(int wfd, const char* directory, const char* pattern, bool drop_ids,

@@ -12,6 +12,7 @@
 #include "plan/almforms.h"
 #include "recfields.h"
 #include "util/endian.h"
+#include "util/fdio.h"
 
 namespace alm {
 namespace {
@@ -19,20 +20,6 @@ namespace {
 constexpr std::size_t kBufferBytes = std::size_t{1} << 20;
 
 std::string sys_error(const std::string& path) { return path + ": " + std::strerror(errno); }
-
-bool write_all(int fd, const unsigned char* p, std::size_t n, off_t offset, bool positioned) {
-    while (n > 0) {
-        const ssize_t w = positioned ? ::pwrite(fd, p, n, offset) : ::write(fd, p, n);
-        if (w < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        p += w;
-        n -= static_cast<std::size_t>(w);
-        offset += w;
-    }
-    return true;
-}
 
 void make_filler(ALMRECTYPE& rec) {
     init_record(RecKind::String, rec);
@@ -121,7 +108,7 @@ bool PlanWriter::put(const ALMRECTYPE& ext, std::string& err) {
 }
 
 bool PlanWriter::flush(std::string& err) {
-    if (!buf_.empty() && !write_all(fd_, buf_.data(), buf_.size(), 0, false)) {
+    if (!buf_.empty() && write_full(fd_, buf_.data(), buf_.size()) != 0) {
         err = sys_error(path_);
         return false;
     }
@@ -137,8 +124,7 @@ bool PlanWriter::commit(const ALMRECTYPE& header, std::string& err) {
     ALMRECTYPE_INT internal;
     to_internal(header, internal, version_);
     bool ok = flush(err);
-    if (ok && !write_all(fd_, reinterpret_cast<const unsigned char*>(&internal),
-                         static_cast<std::size_t>(rec_size_), 0, true)) {
+    if (ok && write_full(fd_, &internal, static_cast<std::size_t>(rec_size_), 0) != 0) {
         err = sys_error(path_);
         ok = false;
     }
