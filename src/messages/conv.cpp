@@ -96,7 +96,7 @@ bool put_utf8(ConvIo& io, std::uint16_t cp) {
 int copy_conv(const char* src, int srclen, char* dst, int dstsize) {
     ConvIo io(src, srclen, dst, dstsize);
     const std::size_t n = io.in_size() < io.room() ? io.in_size() : io.room();
-    if (n > 0) io.put(io.in(), n);
+    io.put(io.in(), n);
     return io.finish();
 }
 

@@ -490,8 +490,7 @@ bool format_takes(const char* fmt, char kind) {
             while (*p >= '0' && *p <= '9') ++p;
         }
         if (kind == 'f' && *p == 'l') ++p;
-        const bool ok = kind == 'd' ? (*p == 'd' || *p == 'i')
-                                    : (*p == 'f' || *p == 'F' || *p == 'e' || *p == 'E' || *p == 'g' || *p == 'G');
+        const bool ok = *p != '\0' && std::strchr(kind == 'd' ? "di" : "fFeEgG", *p) != nullptr;
         if (!ok || ++conversions > 1) return false;
     }
     return true;

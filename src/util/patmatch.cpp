@@ -15,12 +15,6 @@ bool is_digit(unsigned char c) { return c >= '0' && c <= '9'; }
 bool is_alpha(unsigned char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 unsigned char lower(unsigned char c) { return (c >= 'A' && c <= 'Z') ? static_cast<unsigned char>(c + 32) : c; }
 
-// Pattern characters that stand for more than themselves; white space
-// stands for any white space.
-bool is_special(unsigned char p) {
-    return p == '@' || p == '?' || p == '$' || p == '%' || p == '#' || p == '^' || p == '~' || is_space(p);
-}
-
 bool one_matches(unsigned char p, unsigned char f, bool fold) {
     switch (p) {
     case '?':
@@ -49,9 +43,9 @@ int c_patternmatch2(const char* field, const char* pattern, int fieldlen, int pa
     const auto* p = reinterpret_cast<const unsigned char*>(pattern);
     const bool fold = fold_case != 0;
 
-    // A first pattern character that stands for itself and differs from
-    // the field's first byte decides at once, whatever follows.
-    if (!is_special(p[0]) && (fieldlen <= 0 || !one_matches(p[0], f[0], fold))) return 0;
+    // Unless the pattern starts with "@", the field's first byte must match
+    // its first character: a mismatch decides at once, whatever follows.
+    if (p[0] != '@' && (fieldlen <= 0 || !one_matches(p[0], f[0], fold))) return 0;
 
     int plen = 0;
     while (plen < patlen && p[plen] != '\0') ++plen;

@@ -99,6 +99,7 @@ void single_byte_from_utf8(const CodeSetParam& p) {
     }
     EXPECT_GE(mapped, 200);
     EXPECT_EQ(from_utf8(cs, all), expected_all);
+    for (const char* bad : {"\x80", "\xBF", "\xC1", "\xFF"}) EXPECT_EQ(from_utf8(cs, bad), question) << "lone byte";
 }
 
 // One code set per converter path: ASCII-based with holes, and EBCDIC.

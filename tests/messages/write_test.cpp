@@ -62,8 +62,9 @@ TEST_F(WriteTest, BufferLengthCutsTheText) {
     RunResult r = run([] {
         issuebuf(0, "abcdef", 3);
         issuebuf(0, "abcdef", 10);
+        issuebuf(0, "C:\\tmp\\nA\\Nb", 0);
     });
-    EXPECT_EQ(r.out, "abc\nabcdef\n");
+    EXPECT_EQ(r.out, "abc\nabcdef\nC:\\tmp\nA\nb\n");
 }
 
 TEST_F(WriteTest, ExitCleanlyClosingLines) {

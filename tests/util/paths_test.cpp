@@ -9,10 +9,12 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/tempdir.h"
 #include "util/stdfuncs.h"
+#include "util/sysutils.h"
 
 namespace alm {
 namespace {
@@ -256,6 +258,43 @@ TEST_F(PathsTest, QualFileAlongPath) {
     EXPECT_EQ(homeOf("almread"), "");
     ::unsetenv("PATH");
     EXPECT_EQ(homeOf("almread"), "");
+}
+
+// A walk over p1 p2 p3 (q1 does not match) whose callbacks give their
+// answer at p2 and pass every other line.
+struct FindWalk {
+    short qualify_at_p2, process_at_p2;
+    std::string seen;
+    static short answer(const char* line, short at_p2) {
+        return std::string_view(line).ends_with("p2") ? at_p2 : short{0};
+    }
+    static short qualify(const char* line, void* w) {
+        return answer(line, static_cast<FindWalk*>(w)->qualify_at_p2);
+    }
+    static short process(const char* line, void* w) {
+        static_cast<FindWalk*>(w)->seen += line[std::strlen(line) - 1];
+        return answer(line, static_cast<FindWalk*>(w)->process_at_p2);
+    }
+};
+
+TEST(FindFiles, CallbackAnswersSkipOrStopTheWalk) {
+    test::TempDir dir;
+    for (const char* name : {"p1", "p2", "p3", "q1"}) std::ofstream(dir.file(name)) << "x";
+    struct Case {
+        short flags, qualify, process;
+        int result;
+        const char* seen;
+    };
+    const Case cases[] = {
+        {0, 0, 0, 0, "123"}, {FIND_DESCENDING, 0, 0, 0, "321"}, {0, 1, 0, 0, "13"},
+        {0, -1, 0, 0, "1"},  {0, 0, 1, -1, "12"},               {0, 0, -1, 0, "12"},
+    };
+    for (const Case& c : cases) {
+        FindWalk walk{c.qualify, c.process, ""};
+        EXPECT_EQ(uni_find_files(dir.file("p@").c_str(), nullptr, c.flags, &walk, FindWalk::qualify, FindWalk::process),
+                  c.result);
+        EXPECT_EQ(walk.seen, c.seen) << c.flags << " " << c.qualify << " " << c.process;
+    }
 }
 
 }  // namespace
