@@ -143,6 +143,16 @@ The tables almq prints for a person, on the sample plan, through the server.
   $ almq scheds NOSUCH
   almq: no schedule matches NOSUCH @
   [1]
+  $ almq scheds MASTER NOSUCH
+  almq: no schedule matches MASTER NOSUCH
+  [1]
+  $ almq jobs ZZZ NOSUCH @
+  almq: no job matches ZZZ NOSUCH @
+  [1]
+  $ almq scheds AGENT2 WEBSTATS
+  WORKSTATION  SCHEDULE  STATUS  START             JOBS  SUCC  ABEND  FAIL  DEPS
+  AGENT2       WEBSTATS  EXEC    2026-11-22 07:00     3     1      0     0     1
+  1 schedule
   $ almq cpus -- --json
   almq: no workstation matches --json
   [1]
