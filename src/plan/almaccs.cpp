@@ -438,7 +438,7 @@ int alm_close(alm_comarea*& alm_ca, int flags, int* err_type, char* msg_buff, in
         const bool stamp_always = (ca->mode & ALM_MODE_STAMP) != 0;
         const bool update = (ca->mode & ALM_MODE_UPDATE) != 0;
         if (stamp_always || update) {
-            bool have = alm_read_header(ca.get(), &hdr) >= 0;
+            bool have = alm_read_header(ca.get(), &hdr) != -1;
             if (!have && stamp_always) {
                 std::memcpy(static_cast<void*>(&hdr), ca->sh_rec, sizeof hdr);
                 have = true;
@@ -448,7 +448,7 @@ int alm_close(alm_comarea*& alm_ca, int flags, int* err_type, char* msg_buff, in
                 alm_write_header(ca.get(), &hdr);
             }
         }
-        if ((flags & ALM_CLOSE_MARK_OLD) != 0 && alm_read_header(ca.get(), &hdr) >= 0) {
+        if ((flags & ALM_CLOSE_MARK_OLD) != 0 && alm_read_header(ca.get(), &hdr) != -1) {
             hdr.sh_flags = static_cast<std::uint16_t>(hdr.sh_flags | (1u << shf_almanack_is_old));
             alm_write_header(ca.get(), &hdr);
         }

@@ -102,7 +102,7 @@ void not_found(alm_comarea* ca, std::int16_t expected) {
 // From the header; NULL_REC after a failed read.
 bool first_of_chain(alm_comarea* ca, std::uint32_t SH_RECTYPE::*head, std::uint32_t& start) {
     SH_RECTYPE hdr{};
-    if (alm_read_header(ca, &hdr) < 0) return false;
+    if (alm_read_header(ca, &hdr) == -1) return false;
     start = link(hdr.*head);
     return true;
 }
@@ -133,7 +133,7 @@ std::unique_ptr<alm_sched_index> build_sched_index(alm_comarea* ca, const NameWi
     auto index = std::make_unique<alm_sched_index>();
     SH_RECTYPE hdr{};
     SS_RECTYPE ss{};
-    bool usable = alm_read_header(ca, &hdr) >= 0;
+    bool usable = alm_read_header(ca, &hdr) != -1;
     std::uint32_t rec = usable ? link(hdr.sh_first_sched) : NULL_REC;
     // A loop shows as a record met again; the check keeps one record in
     // view and moves it on at each power of two, so a loop is found within
@@ -143,7 +143,7 @@ std::unique_ptr<alm_sched_index> build_sched_index(alm_comarea* ca, const NameWi
     std::size_t since = 0;
     while (usable && rec != NULL_REC) {
         const auto pos = static_cast<std::uint32_t>(index->chain.size());
-        if (rec == kept || pos >= static_cast<std::uint32_t>(ca->num_recs) || alm_read_sched(ca, rec, &ss) < 0 ||
+        if (rec == kept || pos >= static_cast<std::uint32_t>(ca->num_recs) || alm_read_sched(ca, rec, &ss) == -1 ||
             (pos > 0 && std::memcmp(index->chain.back().cpu, ss.ss_cpu_id, sizeof ss.ss_cpu_id) > 0)) {
             usable = false;
             break;
@@ -252,7 +252,7 @@ std::optional<WalkEnd> walk_indexed(alm_comarea* ca, alm_walk& walk, const Sched
     const std::int64_t steps = static_cast<std::int64_t>(at - s) + 1;
     if (walk.steps + steps > ca->num_recs) return std::nullopt;  // the real walk may run out of steps
     walk.steps += steps;
-    if (alm_read_sched(ca, index->chain[at].rec, ss) < 0) return WalkEnd::ReadFailed;
+    if (alm_read_sched(ca, index->chain[at].rec, ss) == -1) return WalkEnd::ReadFailed;
     if (end == WalkEnd::End)
         *last = index->chain[at].rec;
     else
@@ -269,7 +269,7 @@ WalkEnd walk_scheds(alm_comarea* ca, alm_walk& walk, const SchedQuery& q, std::u
     if (const std::optional<WalkEnd> end = walk_indexed(ca, walk, q, rec, ss, found, last)) return *end;
     while (rec != NULL_REC) {
         if (!walk.step(ca)) return WalkEnd::End;
-        if (alm_read_sched(ca, rec, ss) < 0) return WalkEnd::ReadFailed;
+        if (alm_read_sched(ca, rec, ss) == -1) return WalkEnd::ReadFailed;
         if (matches(ca, ss->ss_sched_name, q.w.sched, q.sched) && matches(ca, ss->ss_cpu_id, q.w.cpu, q.cpu)) {
             *found = rec;
             return WalkEnd::Found;
@@ -299,7 +299,7 @@ std::uint32_t find_cpu(alm_comarea* ca, const char* cpu, std::uint32_t& start, S
     std::uint32_t last = NULL_REC;
     while (rec != NULL_REC) {
         if (!ca->cpu_walk.step(ca)) break;
-        if (alm_read_cpu_info(ca, rec, sci) < 0) {
+        if (alm_read_cpu_info(ca, rec, sci) == -1) {
             start = NULL_REC;
             return NULL_REC;
         }
@@ -387,13 +387,13 @@ struct JobCursor {
 bool locate_cursor(alm_comarea* ca, const SchedQuery& q, std::uint32_t& start, JobCursor& at) {
     at = {start, false};
     ALMRECTYPE rec{};
-    if (alm_read(ca, start, &rec) < 0) {
+    if (alm_read(ca, start, &rec) == -1) {
         start = NULL_REC;
         return false;
     }
     if (rec.alm_rec_type != SJ_CODE) return true;
     SS_RECTYPE ss{};
-    if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) < 0) {
+    if (alm_read_sched(ca, rec.sj.sj_sched_ptr, &ss) == -1) {
         not_found(ca, SS_CODE);
         start = NULL_REC;
         return false;

@@ -68,7 +68,7 @@ void sendJob(const SJ_RECTYPE& sj) {
 // holds exactly the records its header announced.
 void sendJobAt(alm_comarea* ca, std::uint32_t at, SJ_RECTYPE& sj) {
     static_assert(sizeof sj == RecordBuffer::kRecordBytes);
-    if (at != NULL_REC && alm_read_job(ca, at, &sj) >= 0)
+    if (at != NULL_REC && alm_read_job(ca, at, &sj) != -1)
         sendJob(sj);
     else
         std::memset(readerReserveBlock(sizeof sj), 0, sizeof sj);

@@ -137,26 +137,26 @@ void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::
         switch (kind) {
             case LocMsgDep:
             case GlbMsgDep:
-                if (alm_read_message(alm_ca, recnum, &rec.sm) >= 0) out = ConvertPrompt(&rec.sm);
+                if (alm_read_message(alm_ca, recnum, &rec.sm) != -1) out = ConvertPrompt(&rec.sm);
                 break;
             case PreschedDep:
-                if (alm_read_sched(alm_ca, recnum, &rec.ss) >= 0) {
+                if (alm_read_sched(alm_ca, recnum, &rec.ss) != -1) {
                     rec.ss.alm_rec_type = static_cast<std::int16_t>(SCHED_DEP_CODE);
                     out = ConvertScheduleDep(&rec.ss);
                 }
                 break;
             case PrejobDep:
-                if (alm_read_job(alm_ca, recnum, &rec.sj) >= 0) {
+                if (alm_read_job(alm_ca, recnum, &rec.sj) != -1) {
                     rec.sj.alm_rec_type = static_cast<std::int16_t>(JOB_DEP_CODE);
                     out = ConvertJobDep(&rec.sj);
                 }
                 break;
             case FileDep:
-                if (alm_read_file(alm_ca, recnum, &rec.sf) >= 0) out = ConvertFile(&rec.sf);
+                if (alm_read_file(alm_ca, recnum, &rec.sf) != -1) out = ConvertFile(&rec.sf);
                 break;
             default:
                 // ResourceDep (9) itself is not a resource here: only kinds above 31 are.
-                if (kind >= kFirstResourceKind && alm_read_resource(alm_ca, recnum, &rec.sr) >= 0)
+                if (kind >= kFirstResourceKind && alm_read_resource(alm_ca, recnum, &rec.sr) != -1)
                     out = ConvertResource(&rec.sr);
                 break;
         }
