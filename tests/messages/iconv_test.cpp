@@ -1,7 +1,9 @@
 // Every character of real code sets, converted both ways, against iconv.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <utility>
 
 #include "messages/codeset_helpers.h"
 #include "messages/codeset.h"
@@ -312,6 +314,45 @@ TEST(RoomEdges, EbcdicDoubleByteKeepsItsShiftIn) {
         if (e.srclen == -1) {
             EXPECT_EQ(dst[e.out.size()], '\0');
         }
+    }
+}
+
+// The alias list: two words a line, comments, a line without a line end
+// left unused, the answer cut to the buffer.
+TEST(AliasList, NamesAreReplacedByTheirTable) {
+    test::TempDir dir;
+    dir.write("codeset/aliases", "# FOO NOTE\nFOO BAR\nONE\n\t TWO  THREE extra\nFOO LATER\nLAST END");
+    test::ScopedEnv ils("ILSDIR", dir.path());
+    const std::pair<const char*, const char*> cases[] = {
+        {"FOO", "BAR"}, {"TWO", "THREE"}, {"ONE", "ONE"}, {"LAST", "LAST"}, {"#", "#"}, {"NONE", "NONE"}, {"", ""}};
+    char buffer[8];
+    for (const auto& [name, want] : cases) {
+        EXPECT_EQ(ils_alias_name(name, buffer, sizeof buffer), static_cast<int>(std::strlen(want))) << name;
+        EXPECT_STREQ(buffer, want) << name;
+    }
+    EXPECT_EQ(ils_alias_name("TWO", buffer, 3), 2);
+    EXPECT_STREQ(buffer, "TH");
+}
+
+// Locale names in their canonical form, and the language each stands for.
+TEST(LanguageNames, CanonicalLocaleAndLanguage) {
+    struct Case {
+        const char* name;
+        const char* locale;
+        const char* language;
+    };
+    const Case cases[] = {
+        {"za-az.UTF-8", "za_AZ", "za_AZ"}, {"ZA_az", "za_AZ", "za_AZ"}, {"fr_ca", "fr_CA", "fr_FR"},
+        {"Pt_br@euro", "pt_BR", "pt_BR"},  {"japanese", "ja_JP", "ja_JP"}, {"cz", "cs", "cs"},
+        {"en_GB", "en_GB", "C"},           {"de", "de", "de"},          {"de_ATX", "C", "C"},
+        {"d1", "C", "C"},                  {"", "C", "C"},              {"fr_1A", "C", "C"},
+    };
+    char buffer[16];
+    for (const Case& c : cases) {
+        EXPECT_EQ(ils_canonical_loc(c.name, buffer, sizeof buffer), static_cast<int>(std::strlen(c.locale))) << c.name;
+        EXPECT_STREQ(buffer, c.locale) << c.name;
+        ils_canonical_lang(c.name, buffer, sizeof buffer);
+        EXPECT_STREQ(buffer, c.language) << c.name;
     }
 }
 
