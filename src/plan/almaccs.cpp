@@ -364,8 +364,7 @@ int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec) {
     if (!alm_valid(alm_ca)) return -1;
     if (alm_ca->exclusive) {
         clear_error(alm_ca);
-        if (sh_rec != nullptr && sh_rec != alm_ca->sh_rec)
-            std::memcpy(static_cast<void*>(sh_rec), alm_ca->sh_rec, sizeof *sh_rec);
+        if (sh_rec != nullptr) std::memmove(static_cast<void*>(sh_rec), alm_ca->sh_rec, sizeof *sh_rec);
         return alm_rec_size(version_of(alm_ca));
     }
     return read_typed(alm_ca, 0, sh_rec, SH_CODE);

@@ -86,8 +86,8 @@ void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
         std::int64_t left;
     } send{found.count};
     alm_each_job(ca, p.cpu, p.sched, p.job, true, [](void* context, const SJ_RECTYPE& job, std::uint32_t) {
+        // found.count > 0 here: a count of 0 matches the empty list above.
         auto& left = static_cast<Send*>(context)->left;
-        if (left <= 0) return false;
         sendJob(job);
         return --left > 0;
     }, &send);

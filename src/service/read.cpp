@@ -60,14 +60,9 @@ ReadLoopStatus readerReadFrames(std::FILE* in) {
         // own message.
         unsigned char raw[ALM_FRAME_HEADER_BYTES] = {};
         for (int i = 0; i < 6; ++i) {
-            switch (readBytes(in, raw + 4 * i, 4)) {
-            case WordRead::Error:
-                return i == 2 ? ReadLoopStatus::ReadErrorOnId : ReadLoopStatus::ReadError;
-            case WordRead::End:
-                return ReadLoopStatus::EndOfInput;
-            case WordRead::Ok:
-                break;
-            }
+            const WordRead word = readBytes(in, raw + 4 * i, 4);
+            if (word == WordRead::Error) return i == 2 ? ReadLoopStatus::ReadErrorOnId : ReadLoopStatus::ReadError;
+            if (word == WordRead::End) return ReadLoopStatus::EndOfInput;
         }
 
         Request req;

@@ -153,6 +153,21 @@ The tables almq prints for a person, on the sample plan, through the server.
   WORKSTATION  SCHEDULE  STATUS  START             JOBS  SUCC  ABEND  FAIL  DEPS
   AGENT2       WEBSTATS  EXEC    2026-11-22 07:00     3     1      0     0     1
   1 schedule
+  $ almq scheds AGENT1 'P@'
+  WORKSTATION  SCHEDULE  STATUS  START             JOBS  SUCC  ABEND  FAIL  DEPS
+  AGENT1       PAYROLL   HOLD    2026-11-22 12:00     2     0      0     0     1
+  1 schedule
+  $ almq jobs AGENT2 '@E@' @
+  WORKSTATION  SCHEDULE  JOB       STATUS  START             STARTED
+  AGENT2       WEBSTATS  COLLECT   SUCC    2026-11-22 07:00  2026-11-22 07:00
+  AGENT2       WEBSTATS  COMPUTE   EXEC    2026-11-22 07:05  2026-11-22 07:06
+  AGENT2       WEBSTATS  PUBLISH   HOLD    -                 -
+  AGENT2       CLEANUP   PURGETMP  HOLD    -                 -
+  AGENT2       CLEANUP   ROTATE    HOLD    -                 -
+  AGENT2       ARCHIVE   PACKLOGS  HOLD    -                 -
+  AGENT2       ARCHIVE   SHIPLOGS  HOLD    -                 -
+  AGENT2       MONTHEND  LEDGER    CANCL   -                 -
+  8 jobs
   $ almq cpus -- --json
   almq: no workstation matches --json
   [1]
