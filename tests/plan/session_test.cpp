@@ -7,12 +7,15 @@
 #include <cerrno>
 #include <cstring>
 #include <fstream>
+#include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "common/child_process.h"
 #include "plan/almaccs.h"
 #include "plan/almfind.h"
+#include "plan/almreadahead.h"
 #include "plan_files.h"
 #include "util/dateutil.h"
 #include "util/endian.h"
@@ -355,64 +358,68 @@ TEST_F(SessionTest, HeaderIsCachedOnlyWhenExclusive) {
     close_ok(excl);
 }
 
-// Reads per kind are counted for the file named Almanack only.
+// Reads per kind are counted, each successful read once, for the file
+// named Almanack opened shared only.
 TEST_F(SessionTest, ProductionReadCounts) {
-    std::string prod = small_plan("prod/Almanack");
-    std::string old = small_plan("prod/Almanack.old");
-
-    auto walk = [&](alm_comarea* ca) {
-        SJ_RECTYPE job{};
-        std::uint32_t cur = 0;
-        int n = 0;
-        while (alm_find_job(ca, "@", "@", "@", cur, &job) != NULL_REC) ++n;
-        SCI_RECTYPE cpu{};
-        cur = 0;
-        while (alm_find_cpu(ca, "@", cur, &cpu) != NULL_REC) ++n;
-        return n;
-    };
-
-    alm_comarea* ca = open_ok(prod);
-    ASSERT_NE(ca, nullptr);
-    EXPECT_EQ(ca->production, 1);
-    EXPECT_EQ(walk(ca), 5);
-    // Header once per walk; a walk that goes on from the cursor it handed
-    // out reads each record it moves over once. The first schedule is read
-    // twice: once to see what the new cursor names, once by the walk.
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_HEADER], 2);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_CPU], 2);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_SCHED], 3);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_JOB], 3);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_MSG], 0);
-    close_ok(ca);
-
-    ca = open_ok(old);
-    ASSERT_NE(ca, nullptr);
-    EXPECT_EQ(ca->production, 0);
-    EXPECT_EQ(walk(ca), 5);
-    for (int i = 0; i < ALM_NUM_KINDS; ++i) EXPECT_EQ(ca->rec_reads[i], 0) << i;
-    close_ok(ca);
-
-    ca = open_ok(prod, ALM_MODE_EXCLUSIVE);
-    ASSERT_NE(ca, nullptr);
-    EXPECT_EQ(ca->production, 0);
-    close_ok(ca);
+    const std::string prod = small_plan("p/Almanack");
+    const std::string old = small_plan("p/Almanack.old");
+    for (const auto& [path, mode, counted] : {std::tuple(prod, ALM_MODE_READ, true),
+                                              std::tuple(old, ALM_MODE_READ, false),
+                                              std::tuple(prod, ALM_MODE_EXCLUSIVE, false)}) {
+        alm_comarea* ca = open_ok(path, mode);
+        ASSERT_NE(ca, nullptr);
+        EXPECT_EQ(ca->production, counted ? 1 : 0) << path;
+        ALMRECTYPE rec{};
+        for (std::uint32_t n = 0; n < 8; ++n) ASSERT_GT(alm_read(ca, n, &rec), 0);
+        EXPECT_EQ(alm_read(ca, 99, &rec), -1);  // failed reads do not count
+        const int want[] = {1, 2, 2, 3};
+        const int slots[] = {ALM_SLOT_HEADER, ALM_SLOT_CPU, ALM_SLOT_SCHED, ALM_SLOT_JOB};
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(ca->rec_reads[slots[i]], counted ? want[i] : 0) << path << " " << i;
+        EXPECT_EQ(ca->rec_reads[ALM_SLOT_MSG], 0);
+        close_ok(ca);
+    }
 }
 
-TEST_F(SessionTest, ProductionCountsExactlyPerRead) {
-    std::string prod = small_plan("p/Almanack");
-    alm_comarea* ca = open_ok(prod);
-    ASSERT_NE(ca, nullptr);
-    ALMRECTYPE rec{};
-    for (std::uint32_t n = 0; n < 8; ++n) ASSERT_GT(alm_read(ca, n, &rec), 0);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_HEADER], 1);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_CPU], 2);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_SCHED], 2);
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_JOB], 3);
-    EXPECT_EQ(alm_read(ca, 99, &rec), -1);  // failed reads do not count
-    EXPECT_EQ(ca->rec_reads[ALM_SLOT_HEADER] + ca->rec_reads[ALM_SLOT_CPU] + ca->rec_reads[ALM_SLOT_SCHED] +
-                  ca->rec_reads[ALM_SLOT_JOB],
-              8);
-    close_ok(ca);
+// Searches read what their answer needs: a plain workstation ends the
+// schedule walk past its name, a wildcard does not, a lookup that goes on
+// from its own cursor reads each record once, and inside a read-ahead scope
+// plain names are looked up, reading only the schedule the walk ends on.
+TEST_F(SessionTest, SearchesReadOnlyWhatTheirAnswerNeeds) {
+    const std::string path = test::make_plan(dir.file("p/Almanack"),
+                                             "workstation A\nworkstation B\nworkstation C\nschedule A S1\n"
+                                             "job J1\nschedule A S2\njob J2\nschedule B S1\njob J3\n"
+                                             "schedule B T2\njob J4\njob J5\nschedule C S3\njob J6\nschedule C S4\n");
+    struct Case {
+        const char *cpu, *sched, *job;
+        bool scope;
+        int found, scheds, jobs;
+    };
+    const Case cases[] = {
+        {"B", "T@", nullptr, false, 1, 5, 0}, {"B@", "T@", nullptr, false, 1, 6, 0},
+        {"B", "@", nullptr, false, 2, 5, 0},  {"B", "S1", nullptr, false, 1, 5, 0},
+        {"B", "S1", nullptr, true, 1, 8, 0},  {"A", "S9", nullptr, true, 0, 7, 0},
+        {"C", "S9", nullptr, true, 0, 7, 0},  {"B", "@", "J@", false, 3, 6, 3},
+        {"@", "@", "J5", false, 1, 7, 6},     {"B", "T2", "@", true, 2, 9, 2},
+    };
+    for (const Case& c : cases) {
+        alm_comarea* ca = open_ok(path);
+        ASSERT_NE(ca, nullptr);
+        {
+            std::optional<alm_read_ahead> scope;
+            if (c.scope) scope.emplace(ca);
+            int found = 0;
+            std::uint32_t cur = 0;
+            SS_RECTYPE ss{};
+            SJ_RECTYPE sj{};
+            while ((c.job ? alm_find_job(ca, c.cpu, c.sched, c.job, cur, &sj)
+                          : alm_find_sched(ca, c.cpu, c.sched, cur, &ss)) != NULL_REC)
+                ++found;
+            EXPECT_EQ(found, c.found) << c.cpu << " " << c.sched << " " << (c.job ? c.job : "") << " " << c.scope;
+        }
+        EXPECT_EQ(ca->rec_reads[ALM_SLOT_SCHED], c.scheds) << c.cpu << " " << c.sched << " " << c.scope;
+        EXPECT_EQ(ca->rec_reads[ALM_SLOT_JOB], c.jobs) << c.cpu << " " << c.sched << " " << c.scope;
+        close_ok(ca);
+    }
 }
 
 TEST_F(SessionTest, WholeFileLockInAnotherProcessFailsTheOpenWith2) {
