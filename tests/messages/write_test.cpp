@@ -67,6 +67,11 @@ TEST_F(WriteTest, BufferLengthCutsTheText) {
     EXPECT_EQ(r.out, "abc\nabcdef\nC:\\tmp\nA\nb\n");
 }
 
+TEST_F(WriteTest, LongTextsBreakAtTheLastBlankOrAfterTheLastComma) {
+    RunResult r = run([] { issuebuf(0, "aaaa,bbbb,cccc dddd,eeee, ffff gggg,hhhh", 0); }, 16);
+    EXPECT_EQ(r.out, "aaaa,bbbb,\ncccc dddd,\neeee, ffff\ngggg,hhhh\n");
+}
+
 TEST_F(WriteTest, ExitCleanlyClosingLines) {
     RunResult internal = run([] { exit_cleanly(0); });
     EXPECT_EQ(internal.status, 1);

@@ -47,6 +47,7 @@ TEST(UGetopts, CodesOfTheTable) {
         {{"-quiet", "-file", "a", "rest"}, 4, 0},
         {{"-parm=42"}, 3, 42},
         {{"-parm", "7", "x"}, 3, 7},
+        {{"-debug", nullptr, "-x"}, 5, 0},  // a null argument ends the scan
         // A keyword that needs a value, without one.
         {{"-quiet", "-file"}, UOPT_NEEDS_VALUE, 2},
         {{"-file", "--"}, UOPT_NEEDS_VALUE, 1},
@@ -77,7 +78,7 @@ TEST(UGetopts, CodesOfTheTable) {
     };
     for (const Case& tc : cases) {
         std::string shown;
-        for (const char* a : tc.args) shown += std::string(a) + " ";
+        for (const char* a : tc.args) shown += std::string(a ? a : "(null)") + " ";
         const Parsed p = parse(tc.args, kCaller, 4);
         EXPECT_EQ(p.code, tc.code) << shown;
         EXPECT_EQ(p.parm, tc.parm) << shown;
