@@ -12,3 +12,30 @@ missing reads as zeros.
     \0  \0  \0  \0  \0  \0  \0  \0   0  \0  \0   1  \0   2   0   2
      6   1   1   2   2  \0   6   0   0  \0   M   A   S   T   E   R
     \0   M   A   S   T   E   R  \0   0  \0   1  \0
+
+The command line: a version option as the only argument prints the banner
+and ends; anything else (usage and debug options, operands, unknown or
+repeated options) starts the service, which greets and answers as always.
+
+  $ for o in -v -vers -V -VERSION -Version; do almread $o < /dev/null; echo "exit $?"; done
+  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
+  Program patch revision: 1.3
+  exit 0
+  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
+  Program patch revision: 1.3
+  exit 0
+  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
+  Program patch revision: 1.3
+  exit 0
+  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
+  Program patch revision: 1.3
+  exit 0
+  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
+  Program patch revision: 1.3
+  exit 0
+  $ perl frame.pl 0 11 | almread > plain.out && od -An -c plain.out
+     A   l   m   R   e   a   d       L   i   v   e   s  \0  \0  \0
+   024  \0  \0  \0  \0  \0  \0  \0  \v  \0  \0  \0  \0  \0  \0  \0
+    \0  \0  \0  \0  \0
+  $ for a in '-v -v' -x -u -usage -debug '-debug -debug' -v=1 plan '-- -v' -abcdefghijklmnopqrstuvwxyz; do
+  >   perl frame.pl 0 11 | almread $a | cmp - plain.out || echo "differs: $a"; done

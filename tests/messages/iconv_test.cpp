@@ -356,5 +356,18 @@ TEST(LanguageNames, CanonicalLocaleAndLanguage) {
     }
 }
 
+// A table is looked for while its directory and name fit in 253 bytes.
+TEST(CodeSetNames, TheLongestNameThatFitsIsFound) {
+    const std::string dir = test::shared_ilsdir() + "/codeset/";
+    test::ensure_table("CP1252", "sbcs");
+    test::ScopedEnv ils("ILSDIR", test::shared_ilsdir());
+    test::ScopedEnv bin("BINDIR", std::nullopt);
+    for (const std::size_t len : {253 - dir.size(), 254 - dir.size()}) {
+        const std::string name(len, 'L');
+        test::write_file(dir + name, "CP1252");  // an alias of the table
+        EXPECT_EQ(ils_get_cs(name.c_str()) != nullptr, dir.size() + len == 253) << len;
+    }
+}
+
 }  // namespace
 }  // namespace alm

@@ -44,8 +44,9 @@ TEST(ReplyFraming, StringReplies) {
 }
 
 TEST(ReplyFraming, RecordRepliesTakeTheirSizeFromTheHeaderFields) {
-    const unsigned char r1[4] = {1, 2, 3, 4};
-    const unsigned char r2[4] = {5, 6, 7, 8};
+    // r1 and r2 apart, r1 and r1 + 4 end to end.
+    const unsigned char bytes[12] = {1, 2, 3, 4, 9, 9, 9, 9, 5, 6, 7, 8};
+    const unsigned char *r1 = bytes, *r2 = bytes + 8;
     struct Case {
         const char* what;
         std::uint32_t numData;
@@ -54,6 +55,7 @@ TEST(ReplyFraming, RecordRepliesTakeTheirSizeFromTheHeaderFields) {
     };
     const std::vector<Case> cases = {
         {"two records", 2, {r1, r2}, "\x01\x02\x03\x04\x05\x06\x07\x08"},
+        {"two records end to end", 2, {r1, r1 + 4}, "\x01\x02\x03\x04\x09\x09\x09\x09"},
         {"count 0 with an empty list", 0, {}, ""},
         // The size word follows numData even when the list disagrees.
         {"count larger than the list", 3, {r1}, "\x01\x02\x03\x04"},

@@ -82,6 +82,7 @@ TEST(UGetopts, CodesOfTheTable) {
         const Parsed p = parse(tc.args, kCaller, 4);
         EXPECT_EQ(p.code, tc.code) << shown;
         EXPECT_EQ(p.parm, tc.parm) << shown;
+        EXPECT_EQ(p.status.back(), -1) << shown;  // nothing written past the caller's keywords
     }
 }
 
