@@ -102,6 +102,10 @@ void single_byte_from_utf8(const CodeSetParam& p) {
     EXPECT_GE(mapped, 200);
     EXPECT_EQ(from_utf8(cs, all), expected_all);
     for (const char* bad : {"\x80", "\xBF", "\xC1", "\xFF"}) EXPECT_EQ(from_utf8(cs, bad), question) << "lone byte";
+    // An overlong form, a surrogate, a lead byte without its second: each byte gives the substitute.
+    EXPECT_EQ(from_utf8(cs, "\xE0\x80\x80"), question + question + question);
+    EXPECT_EQ(from_utf8(cs, "\xED\xA0\x80"), question + question + question);
+    EXPECT_EQ(from_utf8(cs, "\xC2\x41"), question + from_utf8(cs, "A"));
 }
 
 // One code set per converter path: ASCII-based with holes, and EBCDIC.

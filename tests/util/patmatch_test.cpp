@@ -111,6 +111,7 @@ TEST(PatternMatch, LengthsLimitBothSides) {
 
 TEST(PatternMatch, CaseFolding) {
     EXPECT_NE(c_patternmatch2("ABC", "abc", 3, 3, 1), 0);
+    EXPECT_NE(c_patternmatch2("XYZ", "xyz", 3, 3, 1), 0);  // the last letter too
     EXPECT_NE(c_patternmatch2("abc", "A@", 3, 2, 1), 0);
     EXPECT_EQ(c_patternmatch2("ABC", "abc", 3, 3, 0), 0);
     EXPECT_NE(c_patternmatch2("A1", "a%", 2, 2, 1), 0);
