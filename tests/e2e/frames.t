@@ -17,22 +17,12 @@ The command line: a version option as the only argument prints the banner
 and ends; anything else (usage and debug options, operands, unknown or
 repeated options) starts the service, which greets and answers as always.
 
-  $ for o in -v -vers -V -VERSION -Version; do almread $o < /dev/null; echo "exit $?"; done
-  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
-  Program patch revision: 1.3
+  $ almread -v < /dev/null > banner; echo "exit $?"; cat banner
   exit 0
   KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
   Program patch revision: 1.3
-  exit 0
-  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
-  Program patch revision: 1.3
-  exit 0
-  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
-  Program patch revision: 1.3
-  exit 0
-  KARVEN UNIX (INTEL)/ALMREAD 7.0  (1.3)
-  Program patch revision: 1.3
-  exit 0
+  $ for o in -vers -V -VERSION -Version; do
+  >   almread $o < /dev/null > v.out || echo "exit $?: $o"; cmp -s v.out banner || echo "differs: $o"; done
   $ perl frame.pl 0 11 | almread > plain.out && od -An -c plain.out
      A   l   m   R   e   a   d       L   i   v   e   s  \0  \0  \0
    024  \0  \0  \0  \0  \0  \0  \0  \v  \0  \0  \0  \0  \0  \0  \0
