@@ -52,7 +52,12 @@ void readerGetSchedules(Request& req) {
         std::uint32_t start = 0;
         std::int64_t count = 0;
         while (count < INT32_MAX && alm_find_sched(ca, cpu, sched, start, &ss) != NULL_REC) {
-            if (++count > static_cast<std::int64_t>(kGathered)) continue;
+            if (++count > static_cast<std::int64_t>(kGathered)) {
+                // Sent by a second walk: what was gathered is given back
+                // now, before the stream's own buffers fill.
+                if (records.count() != 0) records = RecordBuffer();
+                continue;
+            }
             unsigned char* rec = records.append(&ss);
             if (!rec) break;
             ConvertScheduleReply(rec);
