@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <iterator>
 #include <new>
+#include <utility>
 
 #include "messages/codeset.h"
 #include "messages/issuemsg.h"
@@ -45,6 +47,20 @@ int set_error(alm_comarea* ca, int code, int err_num, std::uint32_t recnum) {
     return -1;
 }
 
+// Where a V2 job holds what a walk along job chains looks at; these fields
+// read the same in the file as in the caller's record.
+constexpr Place job_field(const char* name) { return find_spec(kJobFields, name)->v2; }
+constexpr Place kJobLinks[] = {
+    job_field("alm_rec_type"), job_field("sj_rec_num"), job_field("sj_job_name"),
+    job_field("sj_sched_ptr"), job_field("sj_next_job_ptr"), job_field("sj_restart_ptr"),
+};
+
+// One copy per field, each of a size the compiler knows.
+template <std::size_t... I>
+void copy_links(unsigned char* dst, const unsigned char* src, std::index_sequence<I...>) {
+    (std::memcpy(dst + kJobLinks[I].off, src + kJobLinks[I].off, kJobLinks[I].size), ...);
+}
+
 std::int16_t version_of(const alm_comarea* ca) { return ca->sh_rec->sh_alm_version; }
 
 int kind_slot(const alm_comarea* ca, std::int16_t code) {
@@ -72,11 +88,11 @@ bool measure(alm_comarea* ca) {
 // One record: position check, one read, conversion into buffer (a whole
 // 512-byte record); returns the bytes read. The stored type code goes to
 // *stored. A record of an unknown kind, or of a file version that has no
-// conversion, leaves the buffer as it was. With dated false a V2 job keeps
-// its dates as stored, which spares a walk that only follows links the
-// conversion.
+// conversion, leaves the buffer as it was. A V2 job read undated keeps its
+// dates as stored, which spares a walk that only follows links the
+// conversion; read for its links, only those fields are set.
 int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, std::int16_t* stored,
-                bool dated = true) {
+                alm_job_detail detail = alm_job_detail::dated) {
     clear_error(ca);
     ca->expected_type = 0;
     ca->found_type = 0;
@@ -109,10 +125,13 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, st
     }
 
     *stored = static_cast<std::int16_t>(load_le16(src));
-    if (!dated && version == 1 && *stored == SJ_CODE)
+    if (detail == alm_job_detail::links && version == 1 && *stored == SJ_CODE) {
+        copy_links(buffer, src, std::make_index_sequence<std::size(kJobLinks)>());
+    } else if (detail == alm_job_detail::undated && version == 1 && *stored == SJ_CODE) {
         copy_bytes(buffer, src, ALM_REC_SIZE_V2);
-    else
+    } else {
         alm_i_2_e_bytes(src, buffer, version);
+    }
 
     if (ca->production) {
         int slot = kind_slot(ca, *stored);
@@ -122,7 +141,8 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, st
 }
 
 template <class Rec>
-int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code, bool dated = true) {
+int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code,
+               alm_job_detail detail = alm_job_detail::dated) {
     static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
     if (!alm_valid(ca)) return -1;
     // The record is converted straight into the caller's; what the read
@@ -130,10 +150,10 @@ int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t cod
     std::int16_t stored = 0;
     int n = 0;
     if (out != nullptr) {
-        n = read_record(ca, recnum, reinterpret_cast<unsigned char*>(out), &stored, dated);
+        n = read_record(ca, recnum, reinterpret_cast<unsigned char*>(out), &stored, detail);
     } else {
         ALMRECTYPE scratch{};
-        n = read_record(ca, recnum, scratch.bytes, &stored, dated);
+        n = read_record(ca, recnum, scratch.bytes, &stored, detail);
     }
     if (n < 0) {
         ca->expected_type = code;
@@ -380,7 +400,10 @@ int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) 
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE);
 }
 int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
-    return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, false);
+    return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, alm_job_detail::undated);
+}
+int alm_read_job_links(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
+    return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, alm_job_detail::links);
 }
 int alm_read_message(alm_comarea* alm_ca, std::uint32_t recnum, SM_RECTYPE* sm_rec) {
     return read_typed(alm_ca, recnum, sm_rec, SM_CODE);

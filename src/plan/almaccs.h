@@ -164,6 +164,11 @@ int alm_unlock(alm_comarea* alm_ca);
 // measuring the file, unless the session is exclusive.
 int alm_read(alm_comarea* alm_ca, std::uint32_t recnum, ALMRECTYPE* buffer);
 
+// How much of a V2 job a read delivers: the whole record with its dates
+// converted, the whole record with its dates as stored, or only the fields
+// that a walk along job chains looks at.
+enum class alm_job_detail { dated, undated, links };
+
 // Typed reads: as alm_read, and -1 with error 19 when the record is not of
 // the wanted kind (the buffer then holds the record that was found).
 int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec);
@@ -173,6 +178,10 @@ int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 // As alm_read_job, but the dates of a V2 job stay as stored (local time):
 // for walks that look only at names, links and dependencies.
 int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
+// As alm_read_job_undated, but of a V2 job only the type, record number,
+// name and the schedule, next and restart pointers are set; the rest of the
+// caller's record stays as it was. For walks that only count or locate jobs.
+int alm_read_job_links(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 int alm_read_message(alm_comarea* alm_ca, std::uint32_t recnum, SM_RECTYPE* sm_rec);
 int alm_read_file(alm_comarea* alm_ca, std::uint32_t recnum, SF_RECTYPE* sf_rec);
 int alm_read_resource(alm_comarea* alm_ca, std::uint32_t recnum, SR_RECTYPE* sr_rec);

@@ -51,11 +51,11 @@ std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const c
 
 // Every job that alm_find_job returns call after call from cursor 0, in the
 // same order and within the same bounds, without a call per job: visit gets
-// each job (read as alm_find_job reads it, or with its dates as stored when
-// dated is false) and the record it was read from; returning false ends the
-// walk. Returns the number of jobs visited.
+// each job, read with the given detail (alm_find_job reads it dated), and the
+// record it was read from; returning false ends the walk. Returns the number
+// of jobs visited.
 using alm_job_visit = bool (*)(void* context, const SJ_RECTYPE& sj, std::uint32_t at);
-std::int64_t alm_each_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job, bool dated,
-                          alm_job_visit visit, void* context);
+std::int64_t alm_each_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
+                          alm_job_detail detail, alm_job_visit visit, void* context);
 
 }  // namespace alm

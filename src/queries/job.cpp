@@ -33,7 +33,7 @@ struct Found {
     std::vector<std::uint32_t> at;  // where each job was read; empty past kKeptPositions
 };
 
-// The counting walk: it reads each job without converting its dates.
+// The counting walk: of each job it reads only the fields the walk follows.
 Found countJobs(alm_comarea* ca, const JobPatterns& p) {
     Found found;
     try {
@@ -46,7 +46,7 @@ Found countJobs(alm_comarea* ca, const JobPatterns& p) {
         Found& found;
         bool keep;
     } count{found, keep};
-    alm_each_job(ca, p.cpu, p.sched, p.job, false, [](void* context, const SJ_RECTYPE&, std::uint32_t at) {
+    alm_each_job(ca, p.cpu, p.sched, p.job, alm_job_detail::links, [](void* context, const SJ_RECTYPE&, std::uint32_t at) {
         auto& c = *static_cast<Count*>(context);
         ++c.found.count;
         c.keep = c.keep && c.found.at.size() < kKeptPositions;
@@ -85,7 +85,7 @@ void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
     struct Send {
         std::int64_t left;
     } send{found.count};
-    alm_each_job(ca, p.cpu, p.sched, p.job, true, [](void* context, const SJ_RECTYPE& job, std::uint32_t) {
+    alm_each_job(ca, p.cpu, p.sched, p.job, alm_job_detail::dated, [](void* context, const SJ_RECTYPE& job, std::uint32_t) {
         // found.count > 0 here: a count of 0 matches the empty list above.
         auto& left = static_cast<Send*>(context)->left;
         sendJob(job);

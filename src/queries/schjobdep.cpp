@@ -81,7 +81,8 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
         visit.schedule(ss);
 
         // A visit that sends nothing (the count) has no use for converted dates.
-        alm_each_job(ca, cpu, schedule, jobPattern, Visit::kSends, [](void* context, const SJ_RECTYPE& sj, std::uint32_t) {
+        constexpr alm_job_detail detail = Visit::kSends ? alm_job_detail::dated : alm_job_detail::undated;
+        alm_each_job(ca, cpu, schedule, jobPattern, detail, [](void* context, const SJ_RECTYPE& sj, std::uint32_t) {
             auto& j = *static_cast<Jobs*>(context);
             const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
             copy_bytes(&j.job, &sj, sizeof j.job);
