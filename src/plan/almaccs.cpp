@@ -47,12 +47,14 @@ int set_error(alm_comarea* ca, int code, int err_num, std::uint32_t recnum) {
     return -1;
 }
 
-// Where a V2 job holds what a walk along job chains looks at; these fields
-// read the same in the file as in the caller's record.
+// Where a V2 job holds what a walk along job chains looks at, and what
+// counting its dependencies needs; these fields read the same in the file as
+// in the caller's record.
 constexpr Place job_field(const char* name) { return find_spec(kJobFields, name)->v2; }
 constexpr Place kJobLinks[] = {
     job_field("alm_rec_type"), job_field("sj_rec_num"), job_field("sj_job_name"),
     job_field("sj_sched_ptr"), job_field("sj_next_job_ptr"), job_field("sj_restart_ptr"),
+    job_field("sj_num_depends"), job_field("sj_depend_flags"),
 };
 
 // One copy per field, each of a size the compiler knows.

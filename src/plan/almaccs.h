@@ -179,8 +179,9 @@ int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 // for walks that look only at names, links and dependencies.
 int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 // As alm_read_job_undated, but of a V2 job only the type, record number,
-// name and the schedule, next and restart pointers are set; the rest of the
-// caller's record stays as it was. For walks that only count or locate jobs.
+// name, the schedule, next and restart pointers, and the dependency count and
+// flags are set; the rest of the caller's record stays as it was. For walks
+// that only count or locate jobs.
 int alm_read_job_links(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
 int alm_read_message(alm_comarea* alm_ca, std::uint32_t recnum, SM_RECTYPE* sm_rec);
 int alm_read_file(alm_comarea* alm_ca, std::uint32_t recnum, SF_RECTYPE* sf_rec);

@@ -49,9 +49,9 @@ Dependencies dependenciesOf(const SJ_RECTYPE& sj) {
 
 // The header counts every dependency entry in use whose flag is not 0x80,
 // whether or not a record follows for it.
-std::int64_t countedDependencies(const Dependencies& d) {
+std::int64_t countedDependencies(std::int16_t stored, const std::uint8_t* flags) {
     std::int64_t n = 0;
-    for (int i = 0; i < d.count; ++i) n += d.flags[i] != kNotCounted;
+    for (int i = 0; i < dependency_count(stored); ++i) n += flags[i] != kNotCounted;
     return n;
 }
 
@@ -80,14 +80,18 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
         pac_to_str(ss.ss_sched_name, schedule, width);
         visit.schedule(ss);
 
-        // A visit that sends nothing (the count) has no use for converted dates.
-        constexpr alm_job_detail detail = Visit::kSends ? alm_job_detail::dated : alm_job_detail::undated;
+        // A visit that sends nothing (the count) reads only links and dependency flags.
+        constexpr alm_job_detail detail = Visit::kSends ? alm_job_detail::dated : alm_job_detail::links;
         alm_each_job(ca, cpu, schedule, jobPattern, detail, [](void* context, const SJ_RECTYPE& sj, std::uint32_t) {
             auto& j = *static_cast<Jobs*>(context);
-            const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_undated;
-            copy_bytes(&j.job, &sj, sizeof j.job);
-            std::uint32_t link = j.job.sj_restart_ptr;
-            j.visit.job(j.job);
+            const auto readJob = Visit::kSends ? alm_read_job : alm_read_job_links;
+            std::uint32_t link = sj.sj_restart_ptr;
+            if constexpr (Visit::kSends) {
+                copy_bytes(&j.job, &sj, sizeof j.job);
+                j.visit.job(j.job);
+            } else {
+                j.visit.job(sj);
+            }
             alm_walk restarts;
             while (link != NULL_REC && restarts.step(j.ca) && readJob(j.ca, link, &j.chained) >= 0) {
                 link = j.chained.sj_restart_ptr;
@@ -101,8 +105,10 @@ void walkListing(alm_comarea* ca, const char* cpuPattern, const char* schedPatte
 struct Counter {
     static constexpr bool kSends = false;
     std::int64_t count = 0;
-    void schedule(const SS_RECTYPE& ss) { count += 1 + countedDependencies(dependenciesOf(ss)); }
-    void job(const SJ_RECTYPE& sj) { count += 1 + countedDependencies(dependenciesOf(sj)); }
+    void schedule(const SS_RECTYPE& ss) { count += 1 + countedDependencies(ss.ss_num_depends, ss.ss_depend_flags); }
+    void job(const SJ_RECTYPE& sj) {
+        count += 1 + countedDependencies(sj.sj_num_depends, sj.subdep.deps.sj_depend_flags);
+    }
 };
 
 void WriteOutDependencies(alm_comarea* alm_ca, std::int16_t numdeps, const std::uint8_t* depflags,

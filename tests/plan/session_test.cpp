@@ -212,6 +212,7 @@ TEST_F(SessionTest, JobReadsDeliverWhatTheirDetailSays) {
         {offsetof(SJ_RECTYPE, alm_rec_type), 2},     {offsetof(SJ_RECTYPE, sj_rec_num), 4},
         {offsetof(SJ_RECTYPE, sj_job_name), 40},     {offsetof(SJ_RECTYPE, sj_sched_ptr), 4},
         {offsetof(SJ_RECTYPE, sj_next_job_ptr), 4},  {offsetof(SJ_RECTYPE, sj_restart_ptr), 4},
+        {offsetof(SJ_RECTYPE, sj_num_depends), 2},   {offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags), 40},
     };
     const auto* got = reinterpret_cast<const unsigned char*>(&links);
     for (std::size_t i = 0; i < sizeof links; ++i) {
