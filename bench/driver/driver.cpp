@@ -9,6 +9,7 @@
 //   benchdriver nop ALMREAD COUNT                       no-operation round trips
 //   benchdriver echo COUNT                              24-byte round trips through cat
 //   benchdriver needle PLAN OUT                         PLAN with its last job renamed NEEDLE
+//   benchdriver floor PLAN                              what reading a V2 plan costs at least
 //
 // Every reply, and every cat's output, is drained through one reused 1 MiB
 // buffer (faulted in before the timing), over pipes of the default size.
@@ -435,6 +436,42 @@ int cmdNeedle(const std::vector<std::string>& a) {
     return 0;
 }
 
+// The least that the walks over a V2 plan cost on this machine, with no
+// work besides the reads: the whole file read in 64 KiB blocks (what a walk
+// over every job reads), and the schedule chain followed with one 512-byte
+// read per schedule (what counting the schedules reads: each schedule names
+// the next, so no read can start before the one before it ends).
+int cmdFloor(const std::vector<std::string>& a) {
+    if (a.size() != 1) die("floor PLAN");
+    const int fd = ::open(a[0].c_str(), O_RDONLY);
+    if (fd < 0) die("open " + a[0]);
+    struct stat st {};
+    if (::fstat(fd, &st) != 0) die("fstat " + a[0]);
+    const auto records = static_cast<std::uint32_t>(st.st_size / ALM_REC_SIZE_V2);
+
+    constexpr std::size_t kBlock = 64u << 10;
+    std::vector<unsigned char> block(kBlock, 0);
+    double t0 = now();
+    for (off_t off = 0; ::pread(fd, block.data(), kBlock, off) > 0; off += static_cast<off_t>(kBlock)) {
+    }
+    const double scan = now() - t0;
+
+    constexpr std::size_t kFirst = find_spec(kHeaderFields, "sh_first_sched")->v2.off;
+    constexpr std::size_t kNext = find_spec(kScheduleFields, "ss_next_sch_ptr")->v2.off;
+    unsigned char rec[ALM_REC_SIZE_V2];
+    t0 = now();
+    std::uint32_t schedules = 0;
+    bool ok = ::pread(fd, rec, sizeof rec, 0) == static_cast<ssize_t>(sizeof rec);
+    for (std::uint32_t at = load_le32(rec + kFirst); ok && at != 0 && at != NULL_REC && schedules < records; ++schedules) {
+        ok = ::pread(fd, rec, sizeof rec, static_cast<off_t>(at) * ALM_REC_SIZE_V2) == static_cast<ssize_t>(sizeof rec);
+        at = load_le32(rec + kNext);
+    }
+    const double chase = now() - t0;
+    ::close(fd);
+    std::printf("records=%u scan_seconds=%.6f schedules=%u chase_seconds=%.6f\n", records, scan, schedules, chase);
+    return 0;
+}
+
 std::size_t countOf(const std::string& n) {
     const unsigned long v = std::stoul(n);
     if (v < 1 || v > 256) die("a count of 1 to 256 clients");
@@ -453,7 +490,7 @@ int main(int argc, char** argv) {
         (a[0] == "--save" ? o.save : o.expect) = a[1];
         a.erase(a.begin(), a.begin() + 2);
     }
-    if (a.empty()) die("command: query, pipe, many, manycat, nop, echo or needle");
+    if (a.empty()) die("command: query, pipe, many, manycat, nop, echo, needle or floor");
     const std::string cmd = a[0];
     a.erase(a.begin());
     if (cmd == "query") return runServers(1, a, o);
@@ -463,5 +500,6 @@ int main(int argc, char** argv) {
     if (cmd == "nop") return cmdNop(a);
     if (cmd == "echo") return cmdEcho(a);
     if (cmd == "needle") return cmdNeedle(a);
+    if (cmd == "floor") return cmdFloor(a);
     die("unknown command or arguments: " + cmd);
 }
