@@ -25,7 +25,10 @@ std::FILE* out() { return replyStream ? replyStream : stdout; }
 // stream buffer copies it again. Messages keep going through the C
 // library's stream, which a reply flushes before its first byte.
 constexpr std::size_t CHUNK_BYTES = 64u << 10;
-constexpr std::size_t PIPE_BYTES = 1u << 20;
+// Four chunks in the pipe keep the server and its reader both busy; a
+// deeper pipe needs a larger ring (below), whose pages a fresh server
+// brings in one by one, and a short reply paid more for that than it gained.
+constexpr std::size_t PIPE_BYTES = 256u << 10;
 
 // Where standard output is a pipe, full chunks are handed to it by
 // reference (vmsplice): the reader copies them out of our pages, and
@@ -38,7 +41,7 @@ constexpr std::size_t PIPE_BYTES = 1u << 20;
 // flushes, the bytes are copied into the pipe by write as before. A reader
 // that moved the pages on with splice or tee instead of reading them could
 // see them change; the manual page says so.
-constexpr std::size_t RING_CHUNKS = 20;  // 1.25 MiB: the 1 MiB pipe and a few chunks more
+constexpr std::size_t RING_CHUNKS = 6;  // 384 KiB: the pipe and two chunks more
 constexpr std::size_t SPLICE_MIN_BYTES = 16u << 10;
 alignas(4096) unsigned char ring[RING_CHUNKS * CHUNK_BYTES];
 alignas(4096) unsigned char copied[CHUNK_BYTES];
@@ -176,8 +179,8 @@ std::FILE* readerSetOutput(std::FILE* stream) {
 
 void readerInitOutput() {
 #ifdef F_SETPIPE_SZ
-    // A larger pipe takes a whole buffer in one write and lets the reader
-    // take as much in one read; where it cannot be had the default serves.
+    // A larger pipe takes a whole chunk in one call and lets the reader take
+    // several in one read; where it cannot be had the default serves.
     if (pipeSize() > 0) {
         ::fcntl(STDOUT_FILENO, F_SETPIPE_SZ, static_cast<int>(PIPE_BYTES));
         splicing = true;
