@@ -18,9 +18,10 @@ namespace alm {
 namespace {
 
 // A listing that finds at most this many jobs reads them again by where the
-// counting walk found them; a longer one walks the plan again as it sends.
-// Either way memory stays the same whatever the plan's size.
-constexpr std::size_t kKeptPositions = 4096;
+// counting walk found them, sparing the second walk its lookups; a longer one
+// walks the plan again as it sends. Either way memory stays within 256 KiB
+// whatever the plan's size, and only what is used of it is touched.
+constexpr std::size_t kKeptPositions = 65536;
 
 struct JobPatterns {
     const char* cpu;

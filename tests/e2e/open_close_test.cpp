@@ -265,7 +265,8 @@ TEST(CutPlan, LongListingsStayWhole) {
         char code;  // first byte of each record sent whole
     };
     const Case cases[] = {
-        {6, {"@", "@", "@"}, {"--cpus", "1", "--scheds", "10", "--jobs", "2000"}, 20000, 'J'},
+        {6, {"@", "@", "@"}, {"--cpus", "1", "--scheds", "10", "--jobs", "2000"}, 20000, 'J'},  // read again where counted
+        {6, {"@", "@", "@"}, {"--cpus", "1", "--scheds", "10", "--jobs", "7000"}, 70000, 'J'},  // sent by a second walk
         {5, {"@", "@"}, {"--cpus", "1", "--scheds", "16000", "--jobs", "1"}, 16000, 'S'},
     };
     for (const Case& c : cases) {
