@@ -90,9 +90,9 @@ bool measure(alm_comarea* ca) {
 // One record: position check, one read, conversion into buffer (a whole
 // 512-byte record); returns the bytes read. The stored type code goes to
 // *stored. A record of an unknown kind, or of a file version that has no
-// conversion, leaves the buffer as it was. A V2 job read undated keeps its
-// dates as stored, which spares a walk that only follows links the
-// conversion; read for its links, only those fields are set.
+// conversion, leaves the buffer as it was. Of a V2 job read for its links
+// only those fields are set: a walk that only follows them is spared the
+// copy and the conversion of the rest.
 int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, std::int16_t* stored,
                 alm_job_detail detail = alm_job_detail::dated) {
     clear_error(ca);
@@ -129,8 +129,6 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, st
     *stored = static_cast<std::int16_t>(load_le16(src));
     if (detail == alm_job_detail::links && version == 1 && *stored == SJ_CODE) {
         copy_links(buffer, src, std::make_index_sequence<std::size(kJobLinks)>());
-    } else if (detail == alm_job_detail::undated && version == 1 && *stored == SJ_CODE) {
-        copy_bytes(buffer, src, ALM_REC_SIZE_V2);
     } else {
         alm_i_2_e_bytes(src, buffer, version);
     }
@@ -400,9 +398,6 @@ int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec
 }
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE);
-}
-int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
-    return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, alm_job_detail::undated);
 }
 int alm_read_job_links(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, alm_job_detail::links);

@@ -165,9 +165,8 @@ int alm_unlock(alm_comarea* alm_ca);
 int alm_read(alm_comarea* alm_ca, std::uint32_t recnum, ALMRECTYPE* buffer);
 
 // How much of a V2 job a read delivers: the whole record with its dates
-// converted, the whole record with its dates as stored, or only the fields
-// that a walk along job chains looks at.
-enum class alm_job_detail { dated, undated, links };
+// converted, or only the fields that a walk along job chains looks at.
+enum class alm_job_detail { dated, links };
 
 // Typed reads: as alm_read, and -1 with error 19 when the record is not of
 // the wanted kind (the buffer then holds the record that was found).
@@ -175,10 +174,7 @@ int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec);
 int alm_read_cpu_info(alm_comarea* alm_ca, std::uint32_t recnum, SCI_RECTYPE* sci_rec);
 int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec);
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
-// As alm_read_job, but the dates of a V2 job stay as stored (local time):
-// for walks that look only at names, links and dependencies.
-int alm_read_job_undated(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
-// As alm_read_job_undated, but of a V2 job only the type, record number,
+// As alm_read_job, but of a V2 job only the type, record number,
 // name, the schedule, next and restart pointers, and the dependency count and
 // flags are set; the rest of the caller's record stays as it was. For walks
 // that only count or locate jobs.

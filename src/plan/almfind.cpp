@@ -550,11 +550,6 @@ std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sch
     return next_job(alm_ca, cpu, sched, job, start, sj_rec, alm_read_job);
 }
 
-std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
-                                   std::uint32_t& start, SJ_RECTYPE* sj_rec) {
-    return next_job(alm_ca, cpu, sched, job, start, sj_rec, alm_read_job_undated);
-}
-
 std::int64_t alm_each_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
                           alm_job_detail detail, alm_job_visit visit, void* context) {
     if (!alm_valid(alm_ca) || visit == nullptr) return 0;
@@ -562,9 +557,7 @@ std::int64_t alm_each_job(alm_comarea* alm_ca, const char* cpu, const char* sche
     JobSink sink{visit, context};
     std::uint32_t start = 0;
     begin_walk(alm_ca->job_walk, start);
-    const JobRead read = detail == alm_job_detail::dated     ? alm_read_job
-                         : detail == alm_job_detail::undated ? alm_read_job_undated
-                                                             : alm_read_job_links;
+    const JobRead read = detail == alm_job_detail::dated ? alm_read_job : alm_read_job_links;
     find_job(alm_ca, cpu, sched, job, start, &sj, read, &sink);
     // Left as the lookup call that ended the walk would leave it.
     if (!sink.stopped) alm_ca->job_walk.valid = false;

@@ -44,11 +44,6 @@ std::uint32_t alm_find_sched(alm_comarea* alm_ca, const char* cpu, const char* s
 std::uint32_t alm_find_job(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
                            std::uint32_t& start, SJ_RECTYPE* sj_rec);
 
-// As alm_find_job, with each job read by alm_read_job_undated: for walks
-// that only count or locate jobs.
-std::uint32_t alm_find_job_undated(alm_comarea* alm_ca, const char* cpu, const char* sched, const char* job,
-                                   std::uint32_t& start, SJ_RECTYPE* sj_rec);
-
 // Every job that alm_find_job returns call after call from cursor 0, in the
 // same order and within the same bounds, without a call per job: visit gets
 // each job, read with the given detail (alm_find_job reads it dated), and the

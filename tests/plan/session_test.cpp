@@ -158,6 +158,9 @@ TEST_F(SessionTest, V1HeaderIsWidenedAndRecordsAre256Bytes) {
     EXPECT_EQ(job.sj_rec_num, 5u);
     EXPECT_EQ(job.sj_next_job_ptr, NULL_REC);
     EXPECT_EQ(job.sj_sched_ptr, 3u);
+    SJ_RECTYPE links{};  // a V1 job is read whole for its links too
+    EXPECT_EQ(alm_read_job_links(ca, 5, &links), 256);
+    EXPECT_EQ(std::memcmp(&job, &links, sizeof links), 0);
     close_ok(ca);
 }
 
@@ -190,46 +193,27 @@ TEST_F(SessionTest, Version2FileIsReadWith512ByteRecordsLeftUnconverted) {
 TEST_F(SessionTest, JobReadsDeliverWhatTheirDetailSays) {
     auto recs = test::records(small_plan("built"));
     Record& j1 = recs[4];
-    test::put32(j1, offsetof(SJ_RECTYPE, sj_sched_date), 1000000123);  // stored local, not at midnight
     test::put32(j1, offsetof(SJ_RECTYPE, sj_restart_ptr), 6);
     const std::string path = dir.file("plan");
     test::write_records(path, recs);
     alm_comarea* ca = open_ok(path);
     ASSERT_NE(ca, nullptr);
 
-    SJ_RECTYPE dated{};
-    SJ_RECTYPE undated{};
+    // Of a links read only these fields are the record's; the rest is the caller's.
     SJ_RECTYPE links{};
     std::memset(&links, 0x5A, sizeof links);
-    EXPECT_EQ(alm_read_job(ca, 4, &dated), 512);
-    EXPECT_EQ(alm_read_job_undated(ca, 4, &undated), 512);
     EXPECT_EQ(alm_read_job_links(ca, 4, &links), 512);
-    EXPECT_EQ(std::memcmp(&undated, j1.data(), sizeof undated), 0);
-    EXPECT_NE(dated.sj_sched_date, undated.sj_sched_date);
-
-    // Of a links read only these fields are the record's; the rest is the caller's.
     const std::pair<std::size_t, std::size_t> kept[] = {
-        {offsetof(SJ_RECTYPE, alm_rec_type), 2},     {offsetof(SJ_RECTYPE, sj_rec_num), 4},
-        {offsetof(SJ_RECTYPE, sj_job_name), 40},     {offsetof(SJ_RECTYPE, sj_sched_ptr), 4},
-        {offsetof(SJ_RECTYPE, sj_next_job_ptr), 4},  {offsetof(SJ_RECTYPE, sj_restart_ptr), 4},
-        {offsetof(SJ_RECTYPE, sj_num_depends), 2},   {offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags), 40},
-    };
+        {offsetof(SJ_RECTYPE, alm_rec_type), 2}, {offsetof(SJ_RECTYPE, sj_rec_num), 4}, {offsetof(SJ_RECTYPE, sj_job_name), 40},
+        {offsetof(SJ_RECTYPE, sj_sched_ptr), 4}, {offsetof(SJ_RECTYPE, sj_next_job_ptr), 4},
+        {offsetof(SJ_RECTYPE, sj_restart_ptr), 4}, {offsetof(SJ_RECTYPE, sj_num_depends), 2},
+        {offsetof(SJ_RECTYPE, subdep.deps.sj_depend_flags), 40}};
     const auto* got = reinterpret_cast<const unsigned char*>(&links);
     for (std::size_t i = 0; i < sizeof links; ++i) {
         bool read = false;
         for (const auto& [off, size] : kept) read = read || (i >= off && i < off + size);
         ASSERT_EQ(got[i], read ? j1[i] : 0x5A) << i;
     }
-    EXPECT_EQ(alm_read_job_links(ca, 3, &links), -1);
-    EXPECT_EQ(ca->err_type, ALM_E_KIND);
-    close_ok(ca);
-
-    // A V1 job is read whole, as a dated read has it.
-    ca = open_ok(small_plan("plan1", false));
-    ASSERT_NE(ca, nullptr);
-    EXPECT_EQ(alm_read_job(ca, 5, &dated), 256);
-    EXPECT_EQ(alm_read_job_links(ca, 5, &links), 256);
-    EXPECT_EQ(std::memcmp(&dated, &links, sizeof links), 0);
     close_ok(ca);
 }
 
