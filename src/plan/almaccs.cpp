@@ -140,17 +140,17 @@ int read_record(alm_comarea* ca, std::uint32_t recnum, unsigned char* buffer, st
     return static_cast<int>(n);
 }
 
-template <class Rec>
-int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code,
-               alm_job_detail detail = alm_job_detail::dated) {
-    static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
+// A read of one kind into a whole record's bytes, or into scratch for a
+// null out.
+int read_kind(alm_comarea* ca, std::uint32_t recnum, unsigned char* out, std::int16_t code,
+              alm_job_detail detail = alm_job_detail::dated) {
     if (!alm_valid(ca)) return -1;
     // The record is converted straight into the caller's; what the read
     // leaves untouched stays as the caller had it.
     std::int16_t stored = 0;
     int n = 0;
     if (out != nullptr) {
-        n = read_record(ca, recnum, reinterpret_cast<unsigned char*>(out), &stored, detail);
+        n = read_record(ca, recnum, out, &stored, detail);
     } else {
         ALMRECTYPE scratch{};
         n = read_record(ca, recnum, scratch.bytes, &stored, detail);
@@ -166,6 +166,13 @@ int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t cod
         return -1;
     }
     return n;
+}
+
+template <class Rec>
+int read_typed(alm_comarea* ca, std::uint32_t recnum, Rec* out, std::int16_t code,
+               alm_job_detail detail = alm_job_detail::dated) {
+    static_assert(sizeof(Rec) == sizeof(ALMRECTYPE));
+    return read_kind(ca, recnum, reinterpret_cast<unsigned char*>(out), code, detail);
 }
 
 void copy_text(const char* text, char* buffer, int len) {
@@ -398,6 +405,9 @@ int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec
 }
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE);
+}
+int alm_read_job_bytes(alm_comarea* alm_ca, std::uint32_t recnum, unsigned char* rec) {
+    return read_kind(alm_ca, recnum, rec, SJ_CODE);
 }
 int alm_read_job_links(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec) {
     return read_typed(alm_ca, recnum, sj_rec, SJ_CODE, alm_job_detail::links);

@@ -174,6 +174,9 @@ int alm_read_header(alm_comarea* alm_ca, SH_RECTYPE* sh_rec);
 int alm_read_cpu_info(alm_comarea* alm_ca, std::uint32_t recnum, SCI_RECTYPE* sci_rec);
 int alm_read_sched(alm_comarea* alm_ca, std::uint32_t recnum, SS_RECTYPE* ss_rec);
 int alm_read_job(alm_comarea* alm_ca, std::uint32_t recnum, SJ_RECTYPE* sj_rec);
+// As alm_read_job, into the 512 bytes of a job wherever they lie (a reply
+// being gathered, say), so that the record is not copied on its way there.
+int alm_read_job_bytes(alm_comarea* alm_ca, std::uint32_t recnum, unsigned char* rec);
 // As alm_read_job, but of a V2 job only the type, record number,
 // name, the schedule, next and restart pointers, and the dependency count and
 // flags are set; the rest of the caller's record stays as it was. For walks

@@ -64,21 +64,21 @@ void sendJob(const SJ_RECTYPE& sj) {
     ConvertJobReply(rec);
 }
 
-// Reads the job at a position and sends it; one that can no longer be read
-// as a job (the plan changed meanwhile) goes out as zeros, so that the reply
-// holds exactly the records its header announced.
-void sendJobAt(alm_comarea* ca, std::uint32_t at, SJ_RECTYPE& sj) {
-    static_assert(sizeof sj == RecordBuffer::kRecordBytes);
-    if (at != NULL_REC && alm_read_job(ca, at, &sj) != -1)
-        sendJob(sj);
+// Reads the job at a position straight into the reply and puts it into its
+// wire form there; one that can no longer be read as a job (the plan changed
+// meanwhile) goes out as zeros, so that the reply holds exactly the records
+// its header announced.
+void sendJobAt(alm_comarea* ca, std::uint32_t at) {
+    unsigned char* rec = readerReserveBlock(RecordBuffer::kRecordBytes);
+    if (at != NULL_REC && alm_read_job_bytes(ca, at, rec) != -1)
+        ConvertJobReply(rec);
     else
-        std::memset(readerReserveBlock(sizeof sj), 0, sizeof sj);
+        std::memset(rec, 0, RecordBuffer::kRecordBytes);
 }
 
 void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
-    SJ_RECTYPE sj{};
     if (static_cast<std::int64_t>(found.at.size()) == found.count) {
-        for (const std::uint32_t at : found.at) sendJobAt(ca, at, sj);
+        for (const std::uint32_t at : found.at) sendJobAt(ca, at);
         return;
     }
     // The walk again, each job now read whole; should it find fewer than it
@@ -92,7 +92,7 @@ void sendJobs(alm_comarea* ca, const JobPatterns& p, const Found& found) {
         sendJob(job);
         return --left > 0;
     }, &send);
-    for (; send.left > 0; --send.left) sendJobAt(ca, NULL_REC, sj);
+    for (; send.left > 0; --send.left) sendJobAt(ca, NULL_REC);
 }
 
 }  // namespace
