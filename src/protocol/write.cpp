@@ -87,14 +87,18 @@ bool spliceAll(const unsigned char*& data, std::size_t& length) {
 #endif
 }
 
-void writeAll(const unsigned char* data, std::size_t length) {
+// True when some of the bytes went to the pipe by reference: their pages
+// then belong to the pipe until it has been read past them.
+bool writeAll(const unsigned char* data, std::size_t length) {
     if (replyStream != nullptr) {
         std::fwrite(data, 1, length, replyStream);
-        return;
+        return false;
     }
-    if (splicing && inRing(data) && length >= SPLICE_MIN_BYTES && spliceAll(data, length)) return;
+    const unsigned char* const start = data;
+    if (splicing && inRing(data) && length >= SPLICE_MIN_BYTES && spliceAll(data, length)) return true;
     // Write errors are ignored, as for every reply: the reader has gone.
     if (write_full(STDOUT_FILENO, data, length) == 0) sentBytes += length;
+    return data != start;
 }
 
 // The buffer the next chunk is gathered in: the next ring chunk when the
@@ -114,12 +118,16 @@ void startChunk() {
     }
 }
 
+// A buffer whose bytes were copied into the pipe is filled again at once,
+// so short replies never leave it; one handed over by reference waits in
+// the ring, and a long reply moves into the ring, where it can be.
 void flushPending() {
     if (pendingBytes == 0) return;
-    writeAll(pending, pendingBytes);
-    if (inRing(pending)) ringChunkEnd[(pending - ring) / CHUNK_BYTES] = sentBytes;
+    const bool handedOver = writeAll(pending, pendingBytes);
+    if (handedOver) ringChunkEnd[(pending - ring) / CHUNK_BYTES] = sentBytes;
+    const bool longReply = pendingBytes >= SPLICE_MIN_BYTES;
     pendingBytes = 0;
-    startChunk();
+    if (handedOver || (longReply && !inRing(pending))) startChunk();
 }
 
 // Replies beyond this size bring the rest of the buffer in at once.
