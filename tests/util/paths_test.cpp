@@ -165,6 +165,7 @@ TEST_F(PathsTest, ResolveLinks) {
     fs::create_symlink("rel", dir_ + "/links/chain");
     fs::create_symlink("loop", dir_ + "/links/loop");
     fs::create_symlink("missing", dir_ + "/links/dangling");
+    fs::create_symlink(std::string(QUAL_PATH_MAX, 'x'), dir_ + "/links/long");  // a target too long to take
     fs::create_directories(dir_ + "/links/sub");
     fs::create_symlink("../abs", dir_ + "/links/sub/own");  // right only from its own directory
     // Relative targets are taken as written, from the current directory.
@@ -187,6 +188,7 @@ TEST_F(PathsTest, ResolveLinks) {
              {dir_ + "/links/sub/own", X_OK, false, "../abs"},
              {dir_ + "/links/loop", R_OK, false, ""},
              {dir_ + "/links/dangling", R_OK, false, ""},
+             {dir_ + "/links/long", R_OK, false, ""},
          }) {
         char buf[QUAL_PATH_MAX + 1];
         std::snprintf(buf, sizeof buf, "%s", tc.path.c_str());
@@ -195,6 +197,11 @@ TEST_F(PathsTest, ResolveLinks) {
             EXPECT_EQ(std::string(buf), tc.after) << tc.path;
         }
     }
+}
+
+TEST(Paths, AbsoluteStartsWithASlashRelativeHoldsOne) {
+    EXPECT_TRUE(is_absolute_path("/a") && !is_absolute_path("a/b") && !is_absolute_path(""));
+    EXPECT_TRUE(is_relative_path("a/b") && is_relative_path("/a") && !is_relative_path("ab"));
 }
 
 std::string homeOf(const char* progpath) {
