@@ -40,6 +40,7 @@
 
 #include "plan/almrecs.h"
 #include "util/endian.h"
+#include "util/fdio.h"
 
 namespace alm {
 namespace {
@@ -452,7 +453,7 @@ int cmdFloor(const std::vector<std::string>& a) {
     constexpr std::size_t kBlock = 64u << 10;
     std::vector<unsigned char> block(kBlock, 0);
     double t0 = now();
-    for (off_t off = 0; ::pread(fd, block.data(), kBlock, off) > 0; off += static_cast<off_t>(kBlock)) {
+    for (off_t off = 0; pread_retry(fd, block.data(), kBlock, off) > 0; off += static_cast<off_t>(kBlock)) {
     }
     const double scan = now() - t0;
 
@@ -461,9 +462,9 @@ int cmdFloor(const std::vector<std::string>& a) {
     unsigned char rec[ALM_REC_SIZE_V2];
     t0 = now();
     std::uint32_t schedules = 0;
-    bool ok = ::pread(fd, rec, sizeof rec, 0) == static_cast<ssize_t>(sizeof rec);
+    bool ok = pread_full(fd, rec, sizeof rec, 0) == static_cast<ssize_t>(sizeof rec);
     for (std::uint32_t at = load_le32(rec + kFirst); ok && at != 0 && at != NULL_REC && schedules < records; ++schedules) {
-        ok = ::pread(fd, rec, sizeof rec, static_cast<off_t>(at) * ALM_REC_SIZE_V2) == static_cast<ssize_t>(sizeof rec);
+        ok = pread_full(fd, rec, sizeof rec, static_cast<off_t>(at) * ALM_REC_SIZE_V2) == static_cast<ssize_t>(sizeof rec);
         at = load_le32(rec + kNext);
     }
     const double chase = now() - t0;
